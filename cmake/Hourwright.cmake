@@ -1,0 +1,47 @@
+# How the libraries and tests of the project are declared.
+
+add_library(hourwright_options INTERFACE)
+target_compile_options(hourwright_options INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
+  -Woverloaded-virtual -Wimplicit-fallthrough)
+target_include_directories(hourwright_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+if(HOURWRIGHT_SANITIZE)
+  target_compile_options(hourwright_options INTERFACE
+    -fsanitize=${HOURWRIGHT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(hourwright_options INTERFACE -fsanitize=${HOURWRIGHT_SANITIZE})
+endif()
+
+# One library a floor: every source below the current folder, and the floors it may use.
+function(hourwright_floor name)
+  cmake_parse_arguments(FLOOR "" "" "USES;LIBRARIES" ${ARGN})
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  if(NOT sources)
+    add_library(hourwright_${name} INTERFACE)
+    target_link_libraries(hourwright_${name} INTERFACE hourwright_options ${FLOOR_LIBRARIES})
+    foreach(floor IN LISTS FLOOR_USES)
+      target_link_libraries(hourwright_${name} INTERFACE hourwright_${floor})
+    endforeach()
+    return()
+  endif()
+  add_library(hourwright_${name} STATIC ${sources})
+  target_link_libraries(hourwright_${name} PUBLIC hourwright_options)
+  foreach(floor IN LISTS FLOOR_USES)
+    target_link_libraries(hourwright_${name} PUBLIC hourwright_${floor})
+  endforeach()
+  target_link_libraries(hourwright_${name} PRIVATE ${FLOOR_LIBRARIES})
+endfunction()
+
+# The unit tests of one floor: every *_test.cpp of the current folder in one program, each case registered with CTest
+# once for the C locale and once for one with a decimal comma.
+function(hourwright_tests floor)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${floor}_test ${sources})
+  target_link_libraries(${floor}_test PRIVATE hourwright_test_support ${ARGN})
+  foreach(locale IN ITEMS C de_DE.UTF-8)
+    add_test(NAME ${floor}.${locale} COMMAND ${floor}_test --gtest_brief=1)
+    set_tests_properties(${floor}.${locale} PROPERTIES ENVIRONMENT "LC_ALL=${locale}")
+  endforeach()
+endfunction()

@@ -1,0 +1,132 @@
+#include "resources/strings.h"
+
+#include <algorithm>
+#include <array>
+
+namespace hourwright::resources {
+
+namespace {
+
+struct Row {
+    StringId id;
+    std::u16string_view text;
+};
+
+// Sorted by number. Spelling and spacing are the program's established wording and stay as they are.
+constexpr std::array table = {
+    Row{StringId::appTitle, u"Hourwright"},
+    Row{StringId::entryTimers, u"Entry Timers"},
+    Row{StringId::taskMissing, u"Please enter a task name.  You cannot have a blank Task field."},
+    Row{StringId::durationMissing, u"You must enter a duration in hours. (e.g. 1.5, or 0.5)"},
+    Row{StringId::numericOnly, u"This field accepts numeric values only."},
+    Row{StringId::deleteByCriteria, u"All data within the selected criteria will be permanently deleted.  Tap OK to "
+                                    u"delete or Cancel to cancel the operation."},
+    Row{StringId::databaseClients, u"Hourwright Clients"},
+    Row{StringId::editNotePrompt,
+        u"When finished editing and saving the note in Pocket Word, tap OK to update Hourwright."},
+    Row{StringId::typeMissing, u"Please select a type."},
+    Row{StringId::rateInvalid, u"This is not a valid rate. Rate can have up to 2 decimal places."},
+    Row{StringId::rateExists, u"This type of rate with this description already exists for this client. Please either "
+                              u"choose a different type or alter the description."},
+    Row{StringId::updatingRecords, u"Updating Records. Please Wait..."},
+    Row{StringId::databaseData1, u"Hourwright Data 1"},
+    Row{StringId::databaseProjects, u"Hourwright Projects"},
+    Row{StringId::databaseTasks, u"Hourwright Tasks"},
+    Row{StringId::databaseContacts, u"Hourwright Contacts"},
+    Row{StringId::databaseRates, u"Hourwright Rates"},
+    Row{StringId::databaseData2, u"Hourwright Data 2"},
+    Row{StringId::editNote, u"Edit Note"},
+    Row{StringId::addTimer, u"Add Timer"},
+    Row{StringId::editTimer, u"Edit Timer"},
+    Row{StringId::cancelTimer, u"Are you sure to cancel the timer?"},
+    Row{StringId::interval10, u"10 minutes"},
+    Row{StringId::interval15, u"15 minutes"},
+    Row{StringId::interval20, u"20 minutes"},
+    Row{StringId::interval30, u"30 minutes"},
+    Row{StringId::interval6, u"6 minutes"},
+    Row{StringId::closeWithTimers, u"There are timers running. Do you want to cancel the timers and close Hourwright?"},
+    Row{StringId::databaseNotOpened, u"Hourwright is unable to open the database!"},
+    Row{StringId::noteTooLarge, u"The note is too large. Please remove large voice recordings or drawings."},
+    Row{StringId::timerNoteTooLarge,
+        u"The note is too large. Please tap on the Note tab to remove large voice recordings or drawings."},
+    Row{StringId::paidDateHint, u"Select a custom paid date if desired. The default is today."},
+    Row{StringId::databaseExpenses, u"Hourwright Expenses"},
+    Row{StringId::rateTypeNormal, u"Normal Rate"},
+    Row{StringId::rateTypeOvertime, u"Overtime Rate"},
+    Row{StringId::rateTypeWeekend, u"Weekend Rate"},
+    Row{StringId::rateTypeFixed, u"Fixed Rate"},
+    Row{StringId::rateTypeDiscount, u"Discount Rate"},
+    Row{StringId::timersCount, u"Timers... (%d)"},
+    Row{StringId::softMenuChanged,
+        u"Soft Menu option has changed. Hourwright will close. Please run Hourwright to use the menu."},
+    Row{StringId::markAllPaid, u"Do you want to mark all entries paid using the filter from the current view?"},
+    Row{StringId::replaceConfirm,
+        u"Are you sure to replace the text? Depending of the number of time entries, this may take several minutes."},
+    Row{StringId::replaceFindMissing, u"Please select a string to search for."},
+    Row{StringId::replaceWithMissing, u"Please enter a string to replace with."},
+    Row{StringId::descriptionMissing, u"Please enter a description."},
+    Row{StringId::summaryPeriodType, u"Period Type:"},
+    Row{StringId::summaryPeriod, u"Period:"},
+    Row{StringId::summaryItems, u"Number of Items:"},
+    Row{StringId::summaryHours, u"Hours:"},
+    Row{StringId::summaryAmount, u"Amount:"},
+    Row{StringId::createNewTimer, u"Create New Timer..."},
+    Row{StringId::columnEntryDate, u"Entry Date"},
+    Row{StringId::columnClient, u"Client"},
+    Row{StringId::columnProject, u"Project"},
+    Row{StringId::columnPhase, u"Phase"},
+    Row{StringId::columnTask, u"Task"},
+    Row{StringId::columnDuration, u"Duration"},
+    Row{StringId::columnCurrency, u"Currency"},
+    Row{StringId::columnStatus, u"Status"},
+    Row{StringId::columnRate, u"Rate"},
+    Row{StringId::columnStartTime, u"Start Time"},
+    Row{StringId::columnBillTo, u"Bill To"},
+    Row{StringId::columnCustom1, u"Custom 1"},
+    Row{StringId::columnCustom2, u"Custom 2"},
+    Row{StringId::columnCustom3, u"Custom 3"},
+    Row{StringId::columnRateType, u"Rate Type"},
+    Row{StringId::columnAmount, u"Amount"},
+    Row{StringId::columnNote, u"Note"},
+    Row{StringId::columnEndTime, u"End Time"},
+    Row{StringId::breakManually, u"manually"},
+    Row{StringId::breakUseTimer, u"Use timer"},
+    Row{StringId::error, u"Error: %d"},
+    Row{StringId::clientMissing, u"Please enter a client name.  You cannot leave Client field blank."},
+    Row{StringId::deleteClient, u"This will also delete all associated projects, tasks, contacts, and rates. However, "
+                                u"time entries are preserved. Are you sure?"},
+    Row{StringId::deleteProject, u"Are you sure to delete this project and all its tasks?"},
+    Row{StringId::exportFailed, u"Export failed. Please make sure there is enough storage space and try agin."},
+    Row{StringId::exportNoteFailed,
+        u"Export note failed. Please make sure there is enough storage space and try again."},
+    Row{StringId::deleteAllData, u"Do you want to delete ALL data?"},
+    Row{StringId::deleteStructure, u"Do you want to delete the client structure before importing from file? Time and "
+                                   u"expense entries are preserved."},
+    Row{StringId::databaseNotLoaded, u"Unable to load database."},
+    Row{StringId::customRate, u"(Custom Rate)"},
+    Row{StringId::defaultRates, u"(Default Rates)"},
+    Row{StringId::statusNonBillable, u"Non Billable"},
+    Row{StringId::statusBillable, u"Billable"},
+    Row{StringId::statusBilled, u"Billed"},
+    Row{StringId::statusPaid, u"Paid"},
+    Row{StringId::csvTimeHeader, u"\"Date\",\"Client\",\"Project\",\"Phase\",\"Task\",\"Start\",\"Duration(h)\","
+                                 u"\"Status\",\"Currency\",\"Rate\",\"Rate Type\",\"Amount\",\"Bill To\",\""},
+    Row{StringId::csvTimeHeaderEnd, u"Note\",\"End Time\",\"Paid Date\",\"Break Time\""},
+    Row{StringId::csvMileageHeader,
+        u"\"Type\",\"Date\",\"Description\",\"Client\",\"Project\",\"Start "
+        u"Odo\",\"Distance\",\"Receipt\",\"Currency\",\"Amount\",\"Status\",\"Paid Date\",\"Bill To\",\""},
+    Row{StringId::csvGeneralHeader, u"\"Type\",\"Date\",\"Description\",\"Client\",\"Project\",\"Category\","
+                                    u"\"Receipt\",\"Currency\",\"Amount\",\"Status\",\"Paid Date\",\"Bill To\",\""},
+    Row{StringId::csvExpenseHeaderEnd, u"Note\""},
+};
+
+static_assert(std::ranges::is_sorted(table, {}, &Row::id));
+
+} // namespace
+
+std::u16string_view string(StringId id) {
+    const auto row = std::ranges::lower_bound(table, id, {}, &Row::id);
+    return row != table.end() && row->id == id ? row->text : std::u16string_view{};
+}
+
+} // namespace hourwright::resources
