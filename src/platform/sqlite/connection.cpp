@@ -1,0 +1,176 @@
+#include "platform/sqlite/connection.h"
+
+#include <array>
+#include <fstream>
+#include <sqlite3.h>
+
+namespace hourwright::platform::sqlite {
+
+PlatformError platformError(int resultCode) {
+    switch (resultCode & 0xFF) {
+    case SQLITE_OK:
+    case SQLITE_ROW:
+    case SQLITE_DONE: return PlatformError::none;
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED: return PlatformError::locked;
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+    case SQLITE_AUTH: return PlatformError::accessDenied;
+    case SQLITE_FULL: return PlatformError::diskFull;
+    case SQLITE_NOMEM: return PlatformError::outOfMemory;
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB: return PlatformError::fileCorrupt;
+    case SQLITE_CANTOPEN: return PlatformError::openFailed;
+    case SQLITE_IOERR:
+        return resultCode == SQLITE_IOERR_READ || resultCode == SQLITE_IOERR_SHORT_READ ? PlatformError::readFault
+                                                                                        : PlatformError::writeFault;
+    default: return PlatformError::invalidParameter;
+    }
+}
+
+void Statement::Finalizer::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
+
+Statement::Statement(Connection& connection, std::string_view sql) {
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v3(connection.handle(), sql.data(), static_cast<int>(sql.size()), SQLITE_PREPARE_PERSISTENT,
+                       &statement, nullptr);
+    handle_.reset(statement);
+}
+
+void Statement::bind(int parameter, std::int64_t value) {
+    sqlite3_bind_int64(handle_.get(), parameter, value);
+}
+
+void Statement::bind(int parameter, std::string_view utf8) {
+    // An empty view may carry a null pointer, which SQLite would take for NULL.
+    const char* const data = utf8.empty() ? "" : utf8.data();
+    sqlite3_bind_text64(handle_.get(), parameter, data, utf8.size(), SQLITE_STATIC, SQLITE_UTF8);
+}
+
+void Statement::bind(int parameter, std::span<const std::byte> bytes) {
+    if (bytes.empty())
+        sqlite3_bind_zeroblob(handle_.get(), parameter, 0);
+    else
+        sqlite3_bind_blob64(handle_.get(), parameter, bytes.data(), bytes.size(), SQLITE_STATIC);
+}
+
+void Statement::bindNull(int parameter) {
+    sqlite3_bind_null(handle_.get(), parameter);
+}
+
+Step Statement::step() {
+    if (!handle_)
+        return Step::failed;
+    switch (sqlite3_step(handle_.get())) {
+    case SQLITE_ROW: return Step::row;
+    case SQLITE_DONE: return Step::done;
+    default: return Step::failed;
+    }
+}
+
+bool Statement::run() {
+    Step result = step();
+    while (result == Step::row)
+        result = step();
+    reset(); // leaves the connection's result code at that of a failed step
+    return result == Step::done;
+}
+
+void Statement::reset() {
+    if (handle_)
+        sqlite3_reset(handle_.get());
+}
+
+bool Statement::isNull(int column) const {
+    return sqlite3_column_type(handle_.get(), column) == SQLITE_NULL;
+}
+
+std::int64_t Statement::integer(int column) const {
+    return sqlite3_column_int64(handle_.get(), column);
+}
+
+std::string_view Statement::text(int column) const {
+    const void* const data = sqlite3_column_text(handle_.get(), column);
+    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(handle_.get(), column));
+    return {static_cast<const char*>(data), data == nullptr ? 0 : size};
+}
+
+std::span<const std::byte> Statement::blob(int column) const {
+    const void* const data = sqlite3_column_blob(handle_.get(), column);
+    const auto size = static_cast<std::size_t>(sqlite3_column_bytes(handle_.get(), column));
+    return {static_cast<const std::byte*>(data), data == nullptr ? 0 : size};
+}
+
+int Statement::columnCount() const {
+    return sqlite3_column_count(handle_.get());
+}
+
+FileHeader readFileHeader(const std::filesystem::path& file) {
+    std::error_code error;
+    const auto status = std::filesystem::status(file, error);
+    if (status.type() == std::filesystem::file_type::not_found)
+        return {.kind = FileHeader::Kind::missing};
+    if (error || status.type() != std::filesystem::file_type::regular)
+        return {.kind = FileHeader::Kind::unreadable};
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream)
+        return {.kind = FileHeader::Kind::unreadable};
+    std::array<char, 100> bytes{};
+    stream.read(bytes.data(), bytes.size());
+    if (stream.gcount() == 0)
+        return {.kind = FileHeader::Kind::empty};
+    constexpr std::string_view magic{"SQLite format 3", 16};
+    if (stream.gcount() != static_cast<std::streamsize>(bytes.size()) ||
+        std::string_view(bytes.data(), magic.size()) != magic)
+        return {.kind = FileHeader::Kind::foreign};
+    const auto bigEndian = [&bytes](std::size_t offset) {
+        std::uint32_t value = 0;
+        for (std::size_t i = 0; i < 4; ++i)
+            value = value << 8 | static_cast<unsigned char>(bytes[offset + i]);
+        return value;
+    };
+    // Offsets of the user version and the application id in SQLite's file header.
+    return {.kind = FileHeader::Kind::sqlite, .applicationId = bigEndian(68), .userVersion = bigEndian(60)};
+}
+
+void Connection::Closer::operator()(sqlite3* connection) const {
+    sqlite3_close_v2(connection);
+}
+
+Connection::Connection(const std::filesystem::path& file, std::chrono::milliseconds busyTimeout) {
+    sqlite3* connection = nullptr;
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    const int result = sqlite3_open_v2(file.c_str(), &connection, flags, nullptr);
+    handle_.reset(connection);
+    open_ = result == SQLITE_OK;
+    if (!open_)
+        return;
+    sqlite3_busy_timeout(connection, static_cast<int>(busyTimeout.count()));
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+    sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+    open_ = execute("PRAGMA synchronous=EXTRA; PRAGMA cell_size_check=ON; PRAGMA temp_store=MEMORY;");
+}
+
+bool Connection::isReadOnly() const {
+    return sqlite3_db_readonly(handle_.get(), "main") != 0;
+}
+
+bool Connection::inTransaction() const {
+    return handle_ && sqlite3_get_autocommit(handle_.get()) == 0;
+}
+
+bool Connection::execute(const std::string& sql) {
+    return sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
+}
+
+int Connection::lastResult() const {
+    return handle_ ? sqlite3_extended_errcode(handle_.get()) : SQLITE_CANTOPEN;
+}
+
+std::string Connection::message() const {
+    return handle_ ? sqlite3_errmsg(handle_.get()) : "out of memory";
+}
+
+} // namespace hourwright::platform::sqlite
