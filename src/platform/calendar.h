@@ -12,7 +12,7 @@ enum class WeekStart : std::uint8_t { sunday = 0, monday = 1 };
 /// Day of the week of a Gregorian date, 0 (Sunday) to 6 (Saturday).
 [[nodiscard]] std::uint16_t weekday(std::uint16_t year, std::uint16_t month, std::uint16_t day);
 
-/// Number of days in a month of the Gregorian calendar.
+/// Number of days in a month of the Gregorian calendar, 0 when there is no such month.
 [[nodiscard]] std::uint16_t daysInMonth(std::uint16_t year, std::uint16_t month);
 
 /// Sets hour, minute, second and milliseconds to 0.
@@ -24,8 +24,9 @@ bool addDays(SystemTime& time, std::int64_t n);
 bool addMinutes(SystemTime& time, std::int64_t n);
 bool addSeconds(SystemTime& time, std::int64_t n);
 
-/// Moves by n calendar months (n from -12 to 12) and leaves the day at 1; the time of day stays. False, and nothing
-/// changed, when the result would leave the years 1601 to 30827.
+/// Moves by n calendar months (n from -12 to 12) and leaves the day at 1; the time of day stays. One year at most is
+/// carried, so twelve months on from a December is no date. False, and nothing changed, when there is no such date or
+/// it would leave the years 1601 to 30827.
 bool addMonths(SystemTime& time, int n);
 
 /// Sets the day of the month and recomputes the day of week; a day outside 1 to 31 is ignored.
