@@ -4,6 +4,9 @@ add_library(hourwright_options INTERFACE)
 target_compile_options(hourwright_options INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
   -Woverloaded-virtual -Wimplicit-fallthrough)
+# Hours and money are cut off, not rounded: a multiplication fused with an addition would change stored hundredths on
+# machines that have such an instruction.
+target_compile_options(hourwright_options INTERFACE -ffp-contract=off)
 target_include_directories(hourwright_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 if(HOURWRIGHT_SANITIZE)
   target_compile_options(hourwright_options INTERFACE
