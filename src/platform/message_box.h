@@ -24,6 +24,9 @@ struct Message {
     friend bool operator==(const Message&, const Message&) = default;
 };
 
+/// The string with this number, its first "%d" replaced by a decimal number.
+[[nodiscard]] std::u16string withNumber(resources::StringId id, std::int32_t number);
+
 /// Shows messages and waits for the answer.
 class MessageBox {
 public:
@@ -35,7 +38,7 @@ public:
     void showCheck(resources::StringId id);
     /// A failure: stop icon, OK.
     void showFailure(resources::StringId id);
-    /// "Error: %d" with a platform error number, stop icon.
+    /// "Error: %d" with a platform error number (shown signed, as "%d" does), stop icon.
     void showError(std::uint32_t errorNumber);
     /// A Yes/No question; true for Yes.
     [[nodiscard]] bool ask(resources::StringId id, Icon icon = Icon::warning, Answer defaultAnswer = Answer::no);

@@ -59,12 +59,14 @@ public:
     [[nodiscard]] std::optional<std::vector<std::byte>> readBinary(std::u16string_view name, std::size_t size) const;
 
     bool writeDword(std::u16string_view name, std::uint32_t value);
-    /// Writes a string with its terminator, padded with zero units to `capacity` units when that is not 0.
+    /// Writes a string with its terminator. When `capacity` is not 0, the data are exactly that many units: zero units
+    /// fill up a shorter text, a longer one is cut to leave room for the terminator.
     bool writeString(std::u16string_view name, std::u16string_view value, std::size_t capacity = 0);
     bool writeBinary(std::u16string_view name, std::span<const std::byte> data);
 };
 
-/// The current user's registry: keys by path ("Software\Hourwright").
+/// The current user's registry: keys by path ("Software\Hourwright"). It must outlive the keys and batches it gives
+/// out.
 class Registry {
 public:
     virtual ~Registry() = default;
