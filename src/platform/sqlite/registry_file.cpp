@@ -1,0 +1,274 @@
+#include "platform/sqlite/registry_file.h"
+
+#include "platform/posix/private_file.h"
+#include "platform/utf.h"
+
+#include <sqlite3.h>
+
+namespace hourwright::platform::sqlite {
+
+namespace {
+
+constexpr std::uint32_t applicationId = 0x48775267; // "HwRg"
+constexpr std::uint32_t currentVersion = 1;
+constexpr std::chrono::milliseconds busyTimeout{5000};
+
+// Key ids are never used again, so that a key still open when it is deleted does not show another one's values.
+constexpr const char* schema = R"(
+    CREATE TABLE key (
+        id INTEGER PRIMARY KEY AUTOINCREMENT,
+        path TEXT NOT NULL UNIQUE COLLATE NOCASE);
+    CREATE TABLE value (
+        place INTEGER PRIMARY KEY,
+        key INTEGER NOT NULL REFERENCES key (id),
+        name TEXT NOT NULL COLLATE NOCASE,
+        type INTEGER NOT NULL CHECK (type IN (1, 3, 4)),
+        data BLOB NOT NULL,
+        UNIQUE (key, name));
+)";
+
+constexpr std::string_view countTablesSql = "SELECT count(*) FROM sqlite_schema";
+constexpr std::string_view findKeySql = "SELECT id FROM key WHERE path = ?1";
+constexpr std::string_view insertKeySql = "INSERT INTO key (path) VALUES (?1) ON CONFLICT DO NOTHING";
+constexpr std::string_view removeValuesSql =
+    "DELETE FROM value WHERE key IN (SELECT id FROM key WHERE path = ?1 OR substr(path, 1, length(?2)) = ?2 COLLATE "
+    "NOCASE)";
+constexpr std::string_view removeKeysSql =
+    "DELETE FROM key WHERE path = ?1 OR substr(path, 1, length(?2)) = ?2 COLLATE NOCASE";
+constexpr std::string_view findValueSql = "SELECT name, type, data FROM value WHERE key = ?1 AND name = ?2";
+constexpr std::string_view listValuesSql = "SELECT name, type, data FROM value WHERE key = ?1 ORDER BY place";
+constexpr std::string_view setValueSql =
+    "INSERT INTO value (key, name, type, data) SELECT id, ?2, ?3, ?4 FROM key WHERE id = ?1 "
+    "ON CONFLICT (key, name) DO UPDATE SET type = excluded.type, data = excluded.data";
+constexpr std::string_view removeValueSql = "DELETE FROM value WHERE key = ?1 AND name = ?2";
+
+RegistryValue readRow(const Statement& row) {
+    const auto data = row.blob(2);
+    return {.name = toUtf16(row.text(0)),
+            .type = static_cast<RegistryType>(row.integer(1)),
+            .data = {data.begin(), data.end()}};
+}
+
+std::int64_t readNumber(Connection& connection, std::string_view sql) {
+    Statement statement(connection, sql);
+    return statement.step() == Step::row ? statement.integer(0) : -1;
+}
+
+// Path of the keys below a key, as they all begin.
+std::string below(std::string_view path) {
+    return std::string(path) + '\\';
+}
+
+} // namespace
+
+bool RegistryFile::fail(std::string_view reason) {
+    problem_ = file_.string() + ": " + std::string(reason);
+    return false;
+}
+
+// False without a problem when there is no file yet.
+bool RegistryFile::open() {
+    problem_.clear();
+    if (connection_.isOpen())
+        return true;
+    const FileHeader header = readFileHeader(file_);
+    switch (header.kind) {
+    case FileHeader::Kind::missing:
+    case FileHeader::Kind::empty: return false;
+    case FileHeader::Kind::unreadable: return fail("the settings cannot be read");
+    case FileHeader::Kind::foreign: return fail("this is no settings file");
+    case FileHeader::Kind::sqlite: break;
+    }
+    if (header.applicationId != applicationId || header.userVersion == 0)
+        return fail("this is no settings file");
+    if (header.userVersion > currentVersion)
+        return fail("the settings are of a newer version of the program");
+    return connect();
+}
+
+bool RegistryFile::connect() {
+    connection_ = Connection(file_, busyTimeout);
+    if (connection_.isOpen() && prepare())
+        return true;
+    // The making of the file may have been cut short; SQLite has emptied it by now.
+    const bool neverMade = connection_.isOpen() && readNumber(connection_, countTablesSql) == 0;
+    if (!neverMade)
+        failWithMessage();
+    connection_ = {};
+    return false;
+}
+
+bool RegistryFile::prepare() {
+    const auto make = [this](Statement& statement, std::string_view sql) {
+        statement = Statement(connection_, sql);
+        return static_cast<bool>(statement);
+    };
+    return make(findKey_, findKeySql) && make(findValue_, findValueSql) && make(listValues_, listValuesSql) &&
+           make(insertKey_, insertKeySql) && make(removeValues_, removeValuesSql) && make(removeKeys_, removeKeysSql) &&
+           make(setValue_, setValueSql) && make(removeValue_, removeValueSql);
+}
+
+bool RegistryFile::makeFile() {
+    if (createPrivateFile(file_) != PlatformError::none)
+        return fail("the settings file cannot be made");
+    Connection connection(file_, busyTimeout);
+    if (!connection.isOpen() || !connection.execute("BEGIN IMMEDIATE") || !fillFile(connection) ||
+        !connection.execute("COMMIT"))
+        return fail(connection.message());
+    return open();
+}
+
+// Another process may have been faster; then there is nothing to do.
+bool RegistryFile::fillFile(Connection& connection) {
+    if (readNumber(connection, countTablesSql) != 0)
+        return true;
+    return connection.execute("PRAGMA application_id = " + std::to_string(applicationId)) &&
+           connection.execute("PRAGMA user_version = " + std::to_string(currentVersion)) && connection.execute(schema);
+}
+
+// A damaged file is not written to. The file is small, so the whole of it is looked at before the first write.
+bool RegistryFile::isSound() {
+    if (checked_)
+        return true;
+    Statement check(connection_, "PRAGMA integrity_check(1)");
+    if (check.step() != Step::row)
+        return failWithMessage();
+    if (check.text(0) != "ok")
+        return fail("the settings file is damaged: " + std::string(check.text(0)));
+    check.reset();
+    checked_ = connection_.execute("PRAGMA journal_mode = DELETE");
+    return checked_ || failWithMessage();
+}
+
+bool RegistryFile::begin() {
+    if (!open() || !isSound())
+        return false;
+    return connection_.execute("BEGIN IMMEDIATE") || failWithMessage();
+}
+
+void RegistryFile::beginWrites() {
+    if (depth_++ == 0)
+        failed_ = !begin();
+}
+
+bool RegistryFile::endWrites() {
+    if (--depth_ > 0 || !connection_.inTransaction())
+        return !failed_;
+    if (!failed_ && connection_.execute("COMMIT"))
+        return true;
+    if (!failed_)
+        failWithMessage();
+    if (connection_.inTransaction() && !connection_.execute("ROLLBACK"))
+        failWithMessage();
+    return false;
+}
+
+// One change is a transaction of its own, or a part of the one that is open; after a failure none of that is kept.
+template<class Change>
+bool RegistryFile::write(Change change) {
+    beginWrites();
+    if (!failed_ && !change())
+        failed_ = true;
+    return endWrites();
+}
+
+bool RegistryFile::run(Statement& statement) {
+    return statement.run() || failWithMessage();
+}
+
+std::optional<std::int64_t> RegistryFile::findKey(std::string_view path) {
+    if (!open())
+        return std::nullopt;
+    const ResetGuard guard(findKey_);
+    findKey_.bind(1, path);
+    const Step step = findKey_.step();
+    if (step == Step::failed)
+        failWithMessage();
+    return step == Step::row ? std::optional(findKey_.integer(0)) : std::nullopt;
+}
+
+bool RegistryFile::insertKeys(std::string_view path) {
+    std::size_t end = 0;
+    do {
+        end = path.find('\\', end + 1);
+        insertKey_.bind(1, path.substr(0, end));
+        if (!run(insertKey_))
+            return false;
+    } while (end != std::string_view::npos);
+    return true;
+}
+
+std::optional<std::int64_t> RegistryFile::createKey(std::string_view path) {
+    if (const auto key = findKey(path))
+        return key;
+    if (!problem_.empty() || (!connection_.isOpen() && !makeFile()))
+        return std::nullopt;
+    if (!write([&] { return insertKeys(path); }))
+        return std::nullopt;
+    return findKey(path);
+}
+
+bool RegistryFile::removeKey(std::string_view path) {
+    if (!open())
+        return problem_.empty();
+    return write([&] {
+        const std::string prefix = below(path);
+        removeValues_.bind(1, path);
+        removeValues_.bind(2, prefix);
+        removeKeys_.bind(1, path);
+        removeKeys_.bind(2, prefix);
+        return run(removeValues_) && run(removeKeys_);
+    });
+}
+
+std::optional<RegistryValue> RegistryFile::findValue(std::int64_t key, std::u16string_view name) {
+    if (!open())
+        return std::nullopt;
+    const std::string utf8 = toUtf8(name);
+    const ResetGuard guard(findValue_);
+    findValue_.bind(1, key);
+    findValue_.bind(2, utf8);
+    const Step step = findValue_.step();
+    if (step == Step::failed)
+        failWithMessage();
+    return step == Step::row ? std::optional(readRow(findValue_)) : std::nullopt;
+}
+
+std::vector<RegistryValue> RegistryFile::values(std::int64_t key) {
+    if (!open())
+        return {};
+    std::vector<RegistryValue> rows;
+    const ResetGuard guard(listValues_);
+    listValues_.bind(1, key);
+    Step step = listValues_.step();
+    for (; step == Step::row; step = listValues_.step())
+        rows.push_back(readRow(listValues_));
+    if (step == Step::done)
+        return rows;
+    failWithMessage();
+    return {};
+}
+
+bool RegistryFile::setValue(std::int64_t key, const RegistryValue& value) {
+    return write([&] {
+        const std::string name = toUtf8(value.name);
+        setValue_.bind(1, key);
+        setValue_.bind(2, name);
+        setValue_.bind(3, static_cast<std::int64_t>(value.type));
+        setValue_.bind(4, std::span<const std::byte>(value.data));
+        if (!run(setValue_))
+            return false;
+        return sqlite3_changes(connection_.handle()) == 1 || fail("the key has been deleted");
+    });
+}
+
+bool RegistryFile::removeValue(std::int64_t key, std::u16string_view name) {
+    return write([&] {
+        const std::string utf8 = toUtf8(name);
+        removeValue_.bind(1, key);
+        removeValue_.bind(2, utf8);
+        return run(removeValue_);
+    });
+}
+
+} // namespace hourwright::platform::sqlite
