@@ -1,0 +1,60 @@
+# The usual commands. Everything they need is installed by tools/setup on the first use.
+PREFIX ?= /usr/local
+DESTDIR ?=
+JOBS ?= 2
+
+launcher := $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+configure = cmake --log-level=WARNING --preset $(1) $(launcher)
+build = cmake --build --preset $(1) -j $(JOBS)
+
+.PHONY: help run test bench install asan tidy format clean setup
+
+help:
+	@echo "make run      build hwctl and show what it does, in a temporary home"
+	@echo "make test     build everything and run all tests"
+	@echo "make bench    build with optimisation and run the benchmarks"
+	@echo "make install  install below PREFIX ($(PREFIX)), staged in DESTDIR when given"
+	@echo "make asan     all tests with the address and undefined-behaviour sanitizers"
+	@echo "make tidy     clang-tidy over every source"
+	@echo "make format   clang-format over every source"
+	@echo "make clean    remove the build folder"
+
+setup:
+	@tools/setup
+
+run: setup
+	$(call configure,release)
+	$(call build,release) --target hwctl
+	@tools/tour build/release/bin/hwctl
+
+test: setup
+	$(call configure,dev)
+	$(call build,dev)
+	ctest --preset dev -j $(JOBS)
+
+bench: setup
+	$(call configure,release)
+	$(call build,release) --target hourwright_bench
+	build/release/bench/hourwright_bench
+
+install: setup
+	$(call configure,release)
+	$(call build,release) --target hwctl
+	DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(PREFIX)"
+
+asan: setup
+	$(call configure,asan)
+	$(call build,asan)
+	ctest --preset asan -j $(JOBS)
+
+tidy:
+	@tools/setup clang-tidy
+	$(call configure,tidy)
+	$(call build,tidy)
+
+format:
+	@tools/setup clang-format
+	git ls-files '*.h' '*.cpp' | xargs clang-format -i
+
+clean:
+	rm -rf build
