@@ -31,18 +31,18 @@ inline constexpr std::uint32_t settingsVersion = 310;
 /// that mean nothing; whoever turns one into a choice guards it (`periodKind`, `listStyle`, `xmlEncoding`,
 /// `lineBreakSubstitute`; the arithmetic of durations for `minTime` and `timeInterval`).
 struct AppSettings {
-    std::uint32_t view = 2;                   ///< `periodKind` of the time list
-    std::uint32_t expView = 3;                ///< `periodKind` of the expense list
-    std::uint16_t fontSize = 1;               ///< index; see `createListFont`
-    std::uint16_t minTime = 15;               ///< granularity of durations in minutes
-    std::uint32_t listStyle = 0;              ///< `listStyle` of the time list
-    std::uint32_t expListStyle = 0;           ///< `listStyle` of the expense list
-    ViewCustom viewCustom{};                  ///< choices behind "Customize..."
-    Caption custom1Label;                     ///< captions of the time entry's custom fields
-    Caption custom2Label;                     ///<
-    Caption custom3Label;                     ///<
-    Caption expenseCustom1Label;              ///< captions of the expense's custom fields
-    Caption expenseCustom2Label;              ///<
+    std::uint32_t view = 2;         ///< `periodKind` of the time list
+    std::uint32_t expView = 3;      ///< `periodKind` of the expense list
+    std::uint16_t fontSize = 1;     ///< index; see `createListFont`
+    std::uint16_t minTime = 15;     ///< granularity of durations in minutes
+    std::uint32_t listStyle = 0;    ///< `listStyle` of the time list
+    std::uint32_t expListStyle = 0; ///< `listStyle` of the expense list
+    ViewCustom viewCustom{};        ///< choices behind "Customize..."
+    Caption custom1Label;           ///< captions of the time entry's three custom fields
+    Caption custom2Label;
+    Caption custom3Label;
+    Caption expenseCustom1Label; ///< captions of the expense's two custom fields
+    Caption expenseCustom2Label;
     CurrencyCode defaultCurrency;             ///< of new entries
     std::uint16_t encoding = 0;               ///< `xmlEncoding`
     std::uint16_t breakSubstitute = 0;        ///< `lineBreakSubstitute`
@@ -64,10 +64,12 @@ struct AppSettings {
     explicit AppSettings(const SettingsDevice& device);
 
     /// Reads the settings, creating the key when there is none and translating those of earlier versions. Never fails:
-    /// what is missing, too long or of the wrong type or size is as on a first run.
+    /// what is missing, too long or of the wrong type or size has its default (flags and tree options: none set), and a
+    /// number wider than its member loses its high bits.
     [[nodiscard]] static AppSettings load(platform::Registry& registry, const SettingsDevice& device);
 
-    /// Writes every setting, all or none. False when they could not be written.
+    /// Writes every setting, all or none. False when the key cannot be had or a write is refused; nothing is stored
+    /// then.
     bool save(platform::Registry& registry) const;
 
     /// The font of the lists: 7 points for size 0, one point more for each further size.
