@@ -186,6 +186,7 @@ TEST(AppSettings, TranslatesFlagsOfEarlierVersions) {
         {"no version and no flags: old defaults", std::nullopt, std::nullopt, std::nullopt, 5, 0x510, all},
         {"270 has today's flags", 270, 0x8011, 0, 5, 0x011, all},
         {"275 keeps flags, resets tree options", 275, 0x28B, 2, 5, 0x28B, all},
+        {"the last to reset them", 279, 0x10, 2, 5, 0x10, all},
         {"280 keeps both", 280, 0x4, 2, 5, 0x4, 2},
         {"today's, nothing stored", 310, std::nullopt, std::nullopt, 5, 0, 0},
         {"bits beyond the last flag", 310, 0xFFFFFFFF, 0xFFFFFFFF, 4, 0x7FF, all},
