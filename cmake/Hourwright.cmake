@@ -3,7 +3,7 @@
 add_library(hourwright_options INTERFACE)
 target_compile_options(hourwright_options INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wconversion -Wsign-conversion -Wshadow -Wnon-virtual-dtor -Wold-style-cast
-  -Woverloaded-virtual -Wimplicit-fallthrough)
+  -Woverloaded-virtual -Wimplicit-fallthrough -Wno-missing-field-initializers)
 # Hours and money are cut off, not rounded: a multiplication fused with an addition would change stored hundredths on
 # machines that have such an instruction.
 target_compile_options(hourwright_options INTERFACE -ffp-contract=off)

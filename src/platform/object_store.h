@@ -41,7 +41,6 @@ struct DatabaseInfo {
     std::u16string name;
     std::uint32_t type = 0;
     PropertyId sortProperty;
-    std::uint64_t recordCount = 0;
 };
 
 /// How a seek finds its record. Sorted order is ascending by the sort property the database was opened with; equal
@@ -61,6 +60,9 @@ struct Seek {
     ObjectId id = ObjectId::none;
     std::int32_t distance = 0;
     PropertyValue key{};
+    /// Advice: the only properties that reads will ask for until the next seek other than from the current record.
+    /// Empty: all. Must outlive those reads.
+    std::span<const PropertyId> columns{};
 
     static Seek toId(ObjectId id) { return {.mode = SeekMode::objectId, .id = id}; }
     static Seek toBeginning(std::int32_t distance = 0) { return {.mode = SeekMode::beginning, .distance = distance}; }
@@ -112,6 +114,9 @@ public:
 
     /// The object id of the database.
     [[nodiscard]] virtual ObjectId id() const = 0;
+
+    /// Number of records; it costs a walk over the index.
+    [[nodiscard]] virtual std::uint64_t recordCount() = 0;
 };
 
 /// The volume that holds property databases. One thread uses it; other processes may use the same volume.
@@ -131,8 +136,8 @@ public:
     /// Opens a database sorted on a property, usually the one it was created with. Null when it does not exist.
     [[nodiscard]] virtual std::unique_ptr<Database> openDatabase(ObjectId id, PropertyId sortProperty) = 0;
 
-    /// Begins to write. Null when the store is read-only (5), in use by another writer for longer than the time-out
-    /// (33) or already being written through this object (87).
+    /// Begins to write. Null when the store is read-only (5), in use by another process for longer than the time-out
+    /// (33), or when a transaction or snapshot of this object is alive (87).
     [[nodiscard]] virtual std::unique_ptr<Transaction> begin() = 0;
 
     /// Begins to read one state. Never null; reading fails later if the store cannot be read. Under a transaction it

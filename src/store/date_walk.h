@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <vector>
 
 namespace hourwright::store {
 
@@ -43,7 +44,7 @@ private:
 
     RecordStore& store_;
     DateRange range_;
-    std::span<const platform::PropertyId> wanted_;
+    std::vector<platform::PropertyId> wanted_;
     std::unique_ptr<platform::Snapshot> snapshot_;
     platform::PropertyBuffer properties_;
     bool started_ = false;

@@ -68,7 +68,13 @@ public:
                    std::span<const platform::PropertyValue> properties);
     [[nodiscard]] bool deleteCurrent(platform::Transaction& transaction);
 
+    [[nodiscard]] std::uint64_t recordCount();
+
+    /// Why the last failed operation failed.
     [[nodiscard]] platform::PlatformError lastError() const;
+    /// Refuses a write before it reaches the platform: no record is current, `lastError` gives the number. False.
+    bool refuse(platform::PlatformError error);
+
     [[nodiscard]] platform::ObjectStore& objects() { return objects_; }
     [[nodiscard]] const NotificationRequest* notification() const { return notification_.get(); }
 
@@ -80,6 +86,7 @@ private:
     platform::ObjectId database_ = platform::ObjectId::none;
     std::unique_ptr<platform::Database> handle_;
     RecordId current_ = RecordId::none;
+    platform::PlatformError refused_ = platform::PlatformError::none;
     std::unique_ptr<NotificationRequest> notification_;
 };
 

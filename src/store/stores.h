@@ -22,6 +22,9 @@ public:
     /// Opens every store, creating what is missing, and makes sure of the client-id counter. Stops at the first
     /// failure and returns false.
     [[nodiscard]] bool open(const NotificationRequest* entryNotification = nullptr);
+    /// Creates the databases that are missing, and the client-id counter: 1 beside a new clients database, else the
+    /// registry's "NextClient".
+    [[nodiscard]] bool createMissing(platform::Transaction& transaction);
     void close();
 
     [[nodiscard]] RecordStore& operator[](DatabaseKind kind) { return stores_[static_cast<std::size_t>(kind)]; }
@@ -44,8 +47,8 @@ public:
     [[nodiscard]] std::uint32_t allocateClientId(platform::Transaction& transaction);
 
 private:
-    [[nodiscard]] bool openOne(DatabaseKind kind, const NotificationRequest* notification);
-    [[nodiscard]] bool openClients(const NotificationRequest* notification);
+    [[nodiscard]] bool isComplete();
+    [[nodiscard]] std::uint32_t nextClientOfRegistry();
     [[nodiscard]] bool writeCounter(platform::Transaction& transaction, std::uint32_t next);
 
     platform::ObjectStore& objects_;

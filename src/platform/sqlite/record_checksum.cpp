@@ -1,0 +1,76 @@
+#include "platform/sqlite/record_checksum.h"
+
+#include <array>
+
+namespace hourwright::platform::sqlite {
+
+namespace {
+
+constexpr std::uint32_t reversedPolynomial = 0x82F6'3B78;
+constexpr std::size_t slices = 8;
+using Tables = std::array<std::array<std::uint32_t, 256>, slices>;
+
+// tables[k][b] is the remainder of byte b followed by k zero bytes, so that eight bytes are folded in at once.
+constexpr Tables makeTables() {
+    Tables tables{};
+    for (std::uint32_t byte = 0; byte < 256; ++byte) {
+        std::uint32_t remainder = byte;
+        for (int bit = 0; bit < 8; ++bit)
+            remainder = (remainder & 1) != 0 ? remainder >> 1 ^ reversedPolynomial : remainder >> 1;
+        tables[0][byte] = remainder;
+    }
+    for (std::size_t slice = 1; slice < slices; ++slice)
+        for (std::size_t byte = 0; byte < 256; ++byte) {
+            const std::uint32_t before = tables[slice - 1][byte];
+            tables[slice][byte] = before >> 8 ^ tables[0][before & 0xFF];
+        }
+    return tables;
+}
+
+constexpr Tables tables = makeTables();
+
+std::uint32_t loadLittleEndian(const std::byte* bytes) {
+    std::uint32_t value = 0;
+    for (unsigned i = 0; i < 4; ++i)
+        value |= std::to_integer<std::uint32_t>(bytes[i]) << (8 * i);
+    return value;
+}
+
+} // namespace
+
+void RecordChecksum::add(std::span<const std::byte> bytes) {
+    std::uint32_t state = state_;
+    while (bytes.size() >= slices) {
+        const std::uint32_t low = loadLittleEndian(bytes.data()) ^ state;
+        const std::uint32_t high = loadLittleEndian(bytes.data() + 4);
+        state = tables[7][low & 0xFF] ^ tables[6][low >> 8 & 0xFF] ^ tables[5][low >> 16 & 0xFF] ^
+                tables[4][low >> 24] ^ tables[3][high & 0xFF] ^ tables[2][high >> 8 & 0xFF] ^
+                tables[1][high >> 16 & 0xFF] ^ tables[0][high >> 24];
+        bytes = bytes.subspan(slices);
+    }
+    for (const std::byte byte : bytes)
+        state = state >> 8 ^ tables[0][(state ^ std::to_integer<std::uint32_t>(byte)) & 0xFF];
+    state_ = state;
+}
+
+void RecordChecksum::add(std::uint64_t number) {
+    std::array<std::byte, 8> bytes{};
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        bytes[i] = static_cast<std::byte>(number >> (8 * i) & 0xFF);
+    add(bytes);
+}
+
+void addToChecksum(RecordChecksum& checksum, const PropertyValue& value, std::string_view utf8) {
+    checksum.add(std::uint64_t{value.id.value});
+    if (value.id.type() == ValueType::text) {
+        checksum.add(std::uint64_t{utf8.size()});
+        checksum.add(utf8);
+    } else if (value.id.type() == ValueType::blob) {
+        checksum.add(std::uint64_t{value.blob.size()});
+        checksum.add(value.blob);
+    } else {
+        checksum.add(value.number);
+    }
+}
+
+} // namespace hourwright::platform::sqlite

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/property.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace hourwright::platform::sqlite {
+
+/// CRC-32C (Castagnoli) over the stored values of one record. It notices every single-bit flip and every burst of up
+/// to 32 bits.
+class RecordChecksum {
+public:
+    void add(std::span<const std::byte> bytes);
+    void add(std::string_view text) { add(std::as_bytes(std::span(text))); }
+    void add(std::uint64_t number);
+
+    [[nodiscard]] std::uint32_t value() const { return ~state_; }
+
+private:
+    std::uint32_t state_ = 0xFFFF'FFFF;
+};
+
+/// Adds one stored value to a record's checksum: its property, then its number, or the length and bytes of its text
+/// (UTF-8) or blob.
+void addToChecksum(RecordChecksum& checksum, const PropertyValue& value, std::string_view utf8);
+
+} // namespace hourwright::platform::sqlite

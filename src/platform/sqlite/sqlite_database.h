@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/object_store.h"
+#include "platform/sqlite/record_scan.h"
+#include "platform/sqlite/row_writer.h"
+#include "platform/sqlite/volume.h"
+
+#include <memory>
+#include <vector>
+
+namespace hourwright::platform::sqlite {
+
+/// An open database of the volume. Under a transaction or snapshot a scan stays open between calls, so that walking
+/// costs one step a record; otherwise every call lets go of the file again.
+class SqliteDatabase final : public Database {
+public:
+    SqliteDatabase(Volume& volume, std::shared_ptr<Table> table, PropertyId sortProperty);
+    ~SqliteDatabase() override;
+
+    ObjectId seek(const Seek& where) override;
+    [[nodiscard]] bool read(PropertyBuffer& out, std::span<const PropertyId> wanted) override;
+    ObjectId write(Transaction& transaction, ObjectId id, std::span<const PropertyValue> properties) override;
+    [[nodiscard]] bool deleteCurrent(Transaction& transaction) override;
+    [[nodiscard]] ObjectId id() const override { return table_->info().id; }
+    [[nodiscard]] std::uint64_t recordCount() override;
+
+    /// Ends a running scan; the current record stays where it is.
+    void releaseScan();
+
+private:
+    [[nodiscard]] RecordScan& fullScan();
+    [[nodiscard]] RecordScan& scanOver(std::span<const PropertyId> columns);
+    [[nodiscard]] bool scanIsUsable(Direction direction) const;
+    [[nodiscard]] Step locate(const Seek& where);
+    [[nodiscard]] Step locateById(ObjectId id);
+    [[nodiscard]] Step locateKey(const Seek& where);
+    [[nodiscard]] Step move(std::int64_t distance);
+    [[nodiscard]] Step walk(std::int64_t records);
+    [[nodiscard]] RecordPlace placeOf(const PropertyValue& key) const;
+    [[nodiscard]] bool keyEquals(const RecordPlace& key) const;
+    [[nodiscard]] bool readById(PropertyBuffer& out, std::span<const PropertyId> wanted);
+    [[nodiscard]] PlatformError decodeError(RowReader::Result result) const;
+
+    [[nodiscard]] PlatformError normalise(std::span<const PropertyValue> properties);
+    [[nodiscard]] PlatformError mergeInto(ObjectId id, bool& sortChanged);
+    [[nodiscard]] ObjectId insert();
+    [[nodiscard]] ObjectId update(ObjectId id);
+    [[nodiscard]] PlatformError readStored(ObjectId id);
+    ObjectId written(ObjectId id, bool orderChanged);
+    ObjectId failedWrite(PlatformError error);
+
+    Volume& volume_;
+    std::shared_ptr<Table> table_;
+    PropertyId sortProperty_;
+    RowWriter writer_;
+    std::unique_ptr<RecordScan> full_;
+    std::unique_ptr<RecordScan> partial_;
+    std::vector<PropertyId> partialColumns_;
+    RecordScan* scan_ = nullptr; // the one that stands on the current record, if any
+    std::uint64_t scanOrderVersion_ = 0;
+    RecordPlace place_;
+    bool hasPlace_ = false;
+    bool rowIsOld_ = false;  // the scan's row was written over since it was fetched
+    bool hasRecord_ = false; // false after the record at the place was deleted
+    std::vector<PropertyValue> given_;
+    std::vector<PropertyValue> merged_;
+    PropertyBuffer stored_;
+};
+
+} // namespace hourwright::platform::sqlite

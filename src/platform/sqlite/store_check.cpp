@@ -1,0 +1,74 @@
+#include "platform/sqlite/store_check.h"
+
+#include "platform/sqlite/row_reader.h"
+#include "platform/utf.h"
+
+namespace hourwright::platform::sqlite {
+
+namespace {
+
+using Report = std::function<void(std::string_view)>;
+
+bool checkStructure(Connection& connection, const Report& report) {
+    Statement rows(connection, "PRAGMA integrity_check");
+    Step step = Step::failed;
+    bool sound = true;
+    while ((step = rows.step()) == Step::row) {
+        if (rows.text(0) == "ok")
+            continue;
+        sound = false;
+        report(rows.text(0));
+    }
+    if (step == Step::failed) {
+        sound = false;
+        report(connection.message());
+    }
+    return sound;
+}
+
+// Ids that were given already must lie below the counter, or one could be given twice.
+bool checkIds(Connection& connection, const DatabaseInfo& database, const Report& report) {
+    Statement row(connection,
+                  "SELECT coalesce(max(id), 0) >= (SELECT next_id FROM volume) FROM " + tableName(database.id));
+    if (row.step() == Step::row && row.integer(0) == 0)
+        return true;
+    report(printableUtf8(database.name) + ": a record's id is not below the volume's next id");
+    return false;
+}
+
+bool checkRecords(Volume& volume, const DatabaseInfo& database, const Report& report) {
+    const auto table = volume.table(database.id);
+    if (!table)
+        return false;
+    RowReader reader(*table, volume.shapes(), database.sortProperty);
+    Statement rows(volume.connection(), "SELECT " + reader.selectList() + " FROM " + table->name());
+    Step step = Step::failed;
+    bool sound = true;
+    while ((step = rows.step()) == Step::row) {
+        if (reader.verify(rows) == RowReader::Result::ok)
+            continue;
+        sound = false;
+        report(printableUtf8(database.name) + ": record " + std::to_string(rows.integer(RowReader::idColumn)) +
+               " does not match its checksum");
+    }
+    if (step == Step::failed) {
+        sound = false;
+        report(printableUtf8(database.name) + ": " + volume.connection().message());
+    }
+    return sound;
+}
+
+} // namespace
+
+bool checkStore(Volume& volume, std::span<const DatabaseInfo> databases, const Report& report) {
+    bool sound = checkStructure(volume.connection(), report);
+    for (const DatabaseInfo& database : databases) {
+        if (!checkIds(volume.connection(), database, report))
+            sound = false;
+        if (!checkRecords(volume, database, report))
+            sound = false;
+    }
+    return sound;
+}
+
+} // namespace hourwright::platform::sqlite

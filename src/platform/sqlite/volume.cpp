@@ -1,0 +1,133 @@
+#include "platform/sqlite/volume.h"
+
+#include "platform/sqlite/sqlite_database.h"
+#include "platform/utf.h"
+
+#include <limits>
+
+namespace hourwright::platform::sqlite {
+
+Volume::Volume(Connection connection) : connection_(std::move(connection)), shapes_(connection_) {}
+
+bool Volume::finish(PlatformError error) {
+    error_ = error;
+    return error == PlatformError::none;
+}
+
+bool Volume::fail() {
+    const PlatformError error = connection_.lastError();
+    return finish(error == PlatformError::none ? PlatformError::invalidParameter : error) && false;
+}
+
+std::shared_ptr<Table> Volume::table(ObjectId database) {
+    const auto known = tables_.find(database);
+    if (known != tables_.end())
+        return known->second;
+    Statement row(connection_, "SELECT name, type, sort_property FROM databases WHERE id = ?1");
+    if (!row)
+        return nullptr;
+    row.bind(1, static_cast<std::int64_t>(database));
+    if (row.step() != Step::row)
+        return nullptr;
+    DatabaseInfo info{.id = database,
+                      .name = toUtf16(row.text(0)),
+                      .type = static_cast<std::uint32_t>(row.integer(1)),
+                      .sortProperty = PropertyId(static_cast<std::uint32_t>(row.integer(2)))};
+    return tables_.emplace(database, std::make_shared<Table>(connection_, std::move(info))).first->second;
+}
+
+bool Volume::begin() {
+    if (writing_ || snapshots_ > 0)
+        return finish(PlatformError::invalidParameter);
+    releaseScans();
+    if (connection_.isReadOnly())
+        return finish(PlatformError::accessDenied);
+    if (!begin_)
+        begin_ = Statement(connection_, "BEGIN IMMEDIATE");
+    if (!begin_.run())
+        return fail();
+    writing_ = true;
+    spoiled_ = false;
+    nextId_ = storedId_ = 0;
+    return finish(PlatformError::none);
+}
+
+bool Volume::commit() {
+    if (!writing_)
+        return finish(PlatformError::invalidParameter);
+    releaseScans();
+    if (spoiled_) {
+        const PlatformError cause = error_ == PlatformError::none ? PlatformError::writeFault : error_;
+        rollback();
+        return finish(cause);
+    }
+    if (!commit_)
+        commit_ = Statement(connection_, "COMMIT");
+    if (!storeNextId() || !commit_.run()) {
+        const bool failed = fail();
+        const PlatformError cause = error_;
+        rollback();
+        finish(cause);
+        return failed;
+    }
+    writing_ = false;
+    return finish(PlatformError::none);
+}
+
+void Volume::rollback() {
+    if (!writing_)
+        return;
+    releaseScans();
+    if (connection_.inTransaction()) // a full disk may have rolled back already
+        (void)connection_.execute("ROLLBACK");
+    writing_ = false;
+    forgetUncommitted();
+}
+
+void Volume::forgetUncommitted() {
+    shapes_.forget();
+    for (auto& [id, table] : tables_)
+        table->reloadColumns();
+}
+
+void Volume::beginSnapshot() {
+    if (snapshots_++ == 0 && !writing_)
+        (void)connection_.execute("BEGIN");
+}
+
+void Volume::endSnapshot() {
+    if (--snapshots_ > 0 || writing_)
+        return;
+    releaseScans();
+    if (connection_.inTransaction())
+        (void)connection_.execute("COMMIT");
+}
+
+ObjectId Volume::allocateId() {
+    if (nextId_ == 0) {
+        Statement row(connection_, "SELECT next_id FROM volume");
+        if (row.step() != Step::row)
+            return ObjectId::none;
+        nextId_ = storedId_ = static_cast<std::uint64_t>(row.integer(0));
+    }
+    if (nextId_ == 0 || nextId_ > std::numeric_limits<std::uint32_t>::max())
+        return ObjectId::none;
+    return static_cast<ObjectId>(nextId_++);
+}
+
+bool Volume::storeNextId() {
+    if (nextId_ == storedId_)
+        return true;
+    Statement update(connection_, "UPDATE volume SET next_id = ?1");
+    if (!update)
+        return false;
+    update.bind(1, static_cast<std::int64_t>(nextId_));
+    return update.run();
+}
+
+void Volume::releaseScans() {
+    for (SqliteDatabase* const handle : handles_)
+        handle->releaseScan();
+}
+
+} // namespace hourwright::platform::sqlite

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "platform/object_store.h"
+#include "platform/sqlite/connection.h"
+#include "platform/sqlite/shape_catalog.h"
+#include "platform/sqlite/table.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <vector>
+
+namespace hourwright::platform::sqlite {
+
+class SqliteDatabase;
+
+/// What the object store and its open databases share: the file, the shapes, the tables, and whether a transaction or
+/// a snapshot is open. All writing goes through here.
+class Volume {
+public:
+    explicit Volume(Connection connection);
+
+    [[nodiscard]] Connection& connection() { return connection_; }
+    [[nodiscard]] ShapeCatalog& shapes() { return shapes_; }
+
+    [[nodiscard]] PlatformError lastError() const { return error_; }
+    /// Remembers the outcome of an operation and returns whether it succeeded.
+    bool finish(PlatformError error);
+    /// Remembers the connection's error; false.
+    bool fail();
+
+    /// The table of a database, kept for all handles; null when the database does not exist.
+    [[nodiscard]] std::shared_ptr<Table> table(ObjectId database);
+    void forgetTable(ObjectId database) { tables_.erase(database); }
+
+    [[nodiscard]] bool begin();
+    [[nodiscard]] bool commit();
+    void rollback();
+    [[nodiscard]] bool writing() const { return writing_; }
+    /// A write under the transaction failed in the file: the transaction must not be committed any more.
+    void spoil() { spoiled_ = true; }
+
+    void beginSnapshot();
+    void endSnapshot();
+    /// True while running scans may stay open between calls.
+    [[nodiscard]] bool holdsReadLock() const { return writing_ || snapshots_ > 0; }
+
+    /// The next object id; none when they are used up or cannot be read. Needs a transaction.
+    [[nodiscard]] ObjectId allocateId();
+
+    void attach(SqliteDatabase& handle) { handles_.push_back(&handle); }
+    void detach(SqliteDatabase& handle) { std::erase(handles_, &handle); }
+    void releaseScans();
+
+private:
+    [[nodiscard]] bool storeNextId();
+    void forgetUncommitted();
+
+    Connection connection_;
+    ShapeCatalog shapes_;
+    std::map<ObjectId, std::shared_ptr<Table>> tables_;
+    std::vector<SqliteDatabase*> handles_;
+    PlatformError error_ = PlatformError::none;
+    bool writing_ = false;
+    bool spoiled_ = false;
+    int snapshots_ = 0;
+    std::uint64_t nextId_ = 0;   // 0: not read in this transaction
+    std::uint64_t storedId_ = 0; // as in the file
+    Statement begin_;
+    Statement commit_;
+};
+
+} // namespace hourwright::platform::sqlite
