@@ -1,5 +1,6 @@
 #include "platform/sqlite/sqlite_registry.h"
 
+#include "support/child_process.h"
 #include "support/temporary_directory.h"
 
 #include <algorithm>
@@ -10,12 +11,13 @@
 #include <sqlite3.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace hourwright::platform {
 
 namespace {
+
+using test::inChild;
+using test::succeeded;
 
 std::string contents(const std::filesystem::path& file) {
     std::ifstream stream(file, std::ios::binary);
@@ -33,16 +35,13 @@ void execute(const std::filesystem::path& file, const char* sql) {
     sqlite3_close(connection);
 }
 
-pid_t inChild(const std::function<bool()>& work) {
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(work() ? 0 : 1);
-    return child;
-}
-
-bool succeeded(pid_t child) {
-    int status = 0;
-    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+// A file of several pages.
+void fill(const std::filesystem::path& file) {
+    const auto registry = openSqliteRegistry(file);
+    const auto key = registry->create(settingsKey);
+    const auto batch = key->batch();
+    for (char16_t name = u'a'; name <= u'z'; ++name)
+        key->writeString(std::u16string(1, name), u"value", 200);
 }
 
 class SqliteRegistryTest : public testing::Test {
@@ -109,12 +108,7 @@ TEST_F(SqliteRegistryTest, LeavesUnusableFilesByteForByte) {
         std::function<void(const std::filesystem::path&)> make;
     };
     const auto alter = [](const std::filesystem::path& file, std::function<void(std::string&)> change) {
-        {
-            const auto registry = openSqliteRegistry(file);
-            const auto key = registry->create(settingsKey);
-            for (char16_t name = u'a'; name <= u'z'; ++name)
-                key->writeString(std::u16string(1, name), u"value", 100);
-        }
+        fill(file);
         std::string data = contents(file);
         change(data);
         overwrite(file, data);
@@ -148,12 +142,7 @@ TEST_F(SqliteRegistryTest, LeavesUnusableFilesByteForByte) {
 }
 
 TEST_F(SqliteRegistryTest, WritesNothingToAFileDamagedFurtherDown) {
-    {
-        const auto registry = openSqliteRegistry(file_);
-        const auto key = registry->create(settingsKey);
-        for (char16_t name = u'a'; name <= u'z'; ++name)
-            key->writeString(std::u16string(1, name), u"value", 200);
-    }
+    fill(file_);
     std::string data = contents(file_);
     ASSERT_GT(data.size(), 6 * 4096U);
     std::fill(data.end() - 4096, data.end(), '\x55');
@@ -201,7 +190,7 @@ TEST_F(SqliteRegistryTest, AWriteThatFindsNoRoomLeavesWhatWas) {
 
 TEST_F(SqliteRegistryTest, ProcessesThatWriteAtTheSameTimeLoseNothing) {
     constexpr int writers = 3;
-    constexpr std::uint32_t rounds = 15;
+    constexpr std::uint32_t rounds = 10;
     std::vector<pid_t> children;
     for (int writer = 0; writer < writers; ++writer)
         children.push_back(inChild([&] {
