@@ -88,7 +88,7 @@ bool RegistryFile::open() {
 
 bool RegistryFile::connect() {
     connection_ = Connection(file_, busyTimeout);
-    if (connection_.isOpen() && prepare())
+    if (connection_.isOpen() && prepareReading())
         return true;
     // The making of the file may have been cut short; SQLite has emptied it by now.
     const bool neverMade = connection_.isOpen() && readNumber(connection_, countTablesSql) == 0;
@@ -98,14 +98,19 @@ bool RegistryFile::connect() {
     return false;
 }
 
-bool RegistryFile::prepare() {
-    const auto make = [this](Statement& statement, std::string_view sql) {
-        statement = Statement(connection_, sql);
-        return static_cast<bool>(statement);
-    };
-    return make(findKey_, findKeySql) && make(findValue_, findValueSql) && make(listValues_, listValuesSql) &&
-           make(insertKey_, insertKeySql) && make(removeValues_, removeValuesSql) && make(removeKeys_, removeKeysSql) &&
-           make(setValue_, setValueSql) && make(removeValue_, removeValueSql);
+bool RegistryFile::prepare(Statement& statement, std::string_view sql) {
+    statement = Statement(connection_, sql);
+    return static_cast<bool>(statement);
+}
+
+bool RegistryFile::prepareReading() {
+    return prepare(findKey_, findKeySql) && prepare(findValue_, findValueSql) && prepare(listValues_, listValuesSql);
+}
+
+bool RegistryFile::prepareWriting() {
+    return prepare(insertKey_, insertKeySql) && prepare(removeValues_, removeValuesSql) &&
+           prepare(removeKeys_, removeKeysSql) && prepare(setValue_, setValueSql) &&
+           prepare(removeValue_, removeValueSql);
 }
 
 bool RegistryFile::makeFile() {
@@ -126,9 +131,9 @@ bool RegistryFile::fillFile(Connection& connection) {
            connection.execute("PRAGMA user_version = " + std::to_string(currentVersion)) && connection.execute(schema);
 }
 
-// A damaged file is not written to. The file is small, so the whole of it is looked at before the first write.
-bool RegistryFile::isSound() {
-    if (checked_)
+// Makes ready for the first write. A damaged file is not written to: it is small, so the whole of it is looked at.
+bool RegistryFile::makeWritable() {
+    if (writable_)
         return true;
     Statement check(connection_, "PRAGMA integrity_check(1)");
     if (check.step() != Step::row)
@@ -136,12 +141,12 @@ bool RegistryFile::isSound() {
     if (check.text(0) != "ok")
         return fail("the settings file is damaged: " + std::string(check.text(0)));
     check.reset();
-    checked_ = connection_.execute("PRAGMA journal_mode = DELETE");
-    return checked_ || failWithMessage();
+    writable_ = connection_.execute("PRAGMA journal_mode = DELETE") && prepareWriting();
+    return writable_ || failWithMessage();
 }
 
 bool RegistryFile::begin() {
-    if (!open() || !isSound())
+    if (!open() || !makeWritable())
         return false;
     return connection_.execute("BEGIN IMMEDIATE") || failWithMessage();
 }

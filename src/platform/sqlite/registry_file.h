@@ -39,8 +39,10 @@ private:
     bool connect();
     bool makeFile();
     bool fillFile(Connection& connection);
-    bool prepare();
-    bool isSound();
+    bool prepare(Statement& statement, std::string_view sql);
+    bool prepareReading();
+    bool prepareWriting();
+    bool makeWritable();
     bool begin();
     bool insertKeys(std::string_view path);
     bool run(Statement& statement);
@@ -60,7 +62,7 @@ private:
     Statement listValues_;
     Statement setValue_;
     Statement removeValue_;
-    bool checked_ = false;
+    bool writable_ = false;
     int depth_ = 0;
     bool failed_ = false;
 };
