@@ -69,6 +69,7 @@ TEST(CodePageTest, whatACodePageLacksBecomesTheDefaultCharacter) {
         {"yen sign is no backslash", 932, u"¥", "?"},
         {"overline is no tilde", 932, u"‾", "?"},
         {"minus sign that does not come back", 932, u"\u2212", "?"},
+        {"private-use character that does not come back", 932, u"\uF86F", "?"},
         {"accents apart from their letter", 1252, u"e\u0301", "e?"},
         {"two default characters for a surrogate pair", 1252, u"a\U0001F600b", "a??b"},
         {"two in a double-byte code page", 932, u"\U00020B9F", "??"},

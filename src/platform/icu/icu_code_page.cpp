@@ -37,7 +37,6 @@ Converter openConverter(const char* name) {
     Converter converter{ucnv_open(name, &status)};
     if (U_FAILURE(status))
         return nullptr;
-    ucnv_setFallback(converter.get(), false);
     ucnv_setFromUCallBack(converter.get(), UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
     ucnv_setToUCallBack(converter.get(), UCNV_TO_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &status);
     return converter;
@@ -48,7 +47,7 @@ using Bytes = std::uint16_t;
 
 constexpr Bytes defaultCharacter = '?';
 
-// A private-use character is converted even when it does not come back, hence the way back.
+// The library converts some private-use characters into others' bytes, hence the way back.
 Bytes convertUnit(UConverter* converter, char16_t unit) {
     std::array<char, 4> bytes{};
     UErrorCode status = U_ZERO_ERROR;
