@@ -151,6 +151,10 @@ TEST_P(RegistryContract, AKeyOpenWhileItIsRemovedFails) {
     EXPECT_FALSE(key->query(u"V"));
     EXPECT_FALSE(key->writeDword(u"V", 2));
     EXPECT_FALSE(registry_->open(u"K"));
+
+    const auto next = registry_->create(u"L");
+    EXPECT_FALSE(key->writeDword(u"V", 3));
+    EXPECT_TRUE(next->values().empty());
 }
 
 TEST_P(RegistryContract, ABatchIsKeptWholeOrNotAtAll) {

@@ -4,6 +4,8 @@
 #include "support/temporary_directory.h"
 
 #include <algorithm>
+#include <chrono>
+#include <csignal>
 #include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
@@ -11,6 +13,7 @@
 #include <sqlite3.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <thread>
 
 namespace hourwright::platform {
 
@@ -119,6 +122,8 @@ TEST_F(SqliteRegistryTest, LeavesUnusableFilesByteForByte) {
         {"other database", [](auto& file) { execute(file, "CREATE TABLE key(id, path)"); }},
         {"other database with a write-ahead log",
          [](auto& file) { execute(file, "PRAGMA journal_mode=WAL; CREATE TABLE key(id, path)"); }},
+        {"same tables of another program", [&](auto& file) { alter(file, [](std::string& data) { data[71] = 'h'; }); }},
+        {"no version", [&](auto& file) { alter(file, [](std::string& data) { data[63] = 0; }); }},
         {"newer", [&](auto& file) { alter(file, [](std::string& data) { data[63] = 2; }); }},
         {"cut short", [&](auto& file) { alter(file, [](std::string& data) { data.resize(data.size() - 4096); }); }},
         {"damaged table list", [&](auto& file) { alter(file, [](std::string& data) { data[100] = 77; }); }},
@@ -180,8 +185,9 @@ TEST_F(SqliteRegistryTest, AWriteThatFindsNoRoomLeavesWhatWas) {
         const auto registry = openSqliteRegistry(file_);
         const auto key = registry->open(settingsKey);
         const auto batch = key->batch();
-        return key->writeDword(u"Old", 2) && !key->writeBinary(u"Big", std::vector<std::byte>(3'000'000)) &&
-               !registry->problem().empty();
+        const std::vector<std::byte> big(3'000'000);
+        return key->writeDword(u"Old", 2) && !key->writeBinary(u"Big", big) && !registry->problem().empty() &&
+               !key->writeDword(u"Old", 3);
     })));
     const auto registry = openSqliteRegistry(file_);
     EXPECT_EQ(registry->open(settingsKey)->readDword(u"Old"), 1U);
@@ -200,7 +206,9 @@ TEST_F(SqliteRegistryTest, ProcessesThatWriteAtTheSameTimeLoseNothing) {
                 return false;
             for (std::uint32_t i = 0; i < rounds; ++i) {
                 const auto batch = key->batch();
-                if (!key->writeDword(u"Sum", key->readDword(u"Sum").value_or(0) + 1))
+                const std::uint32_t sum = key->readDword(u"Sum").value_or(0);
+                std::this_thread::sleep_for(std::chrono::milliseconds(2)); // time for the others to get in between
+                if (!key->writeDword(u"Sum", sum + 1))
                     return false;
             }
             return true;
