@@ -1,6 +1,6 @@
+#include "support/temporary_directory.h"
 #include "tools/include_rules.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -84,15 +84,13 @@ std::string objectionsBelow(const fs::path& sources, int& files) {
 }
 
 TEST(Includes, OfMadeUpFilesAreFound) {
-    std::string name = testing::TempDir() + "includesXXXXXX";
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    const fs::path folder = name;
+    const hourwright::test::TemporaryDirectory directory;
+    const fs::path& folder = directory.path();
     fs::create_directories(folder / "store");
     std::ofstream(folder / "store" / "bad.cpp") << "#include <string>\n#include \"app/settings.h\"\n";
     int files = 0;
     EXPECT_EQ(objectionsBelow(folder, files), "store/bad.cpp includes \"app/settings.h\": an include goes down only\n");
     EXPECT_EQ(files, 1);
-    fs::remove_all(folder);
 }
 
 TEST(Includes, OfAllSourcesFollowTheRules) {
