@@ -11,7 +11,6 @@
 
 using namespace hourwright;
 using namespace hourwright::app::demo;
-using platform::PropertyId;
 using platform::Seek;
 using platform::ValueType;
 using store::ExpenseEntry;
@@ -58,7 +57,7 @@ protected:
     DemoResult fill() { return fillWithDemoHistory(stores(), options, reversedNote); }
 
     // Texts of one property over a whole store, in its order.
-    std::vector<std::u16string> textsOf(store::RecordStore& records, std::uint16_t field) {
+    static std::vector<std::u16string> textsOf(store::RecordStore& records, std::uint16_t field) {
         std::vector<std::u16string> texts;
         platform::PropertyBuffer properties;
         for (auto id = records.seek(Seek::toBeginning()); id != RecordId::none; id = records.seek(Seek::fromCurrent(1)))
