@@ -1,5 +1,6 @@
 #include "exchange/ansi_bytes.h"
 
+#include "exchange/ansi_tables.h"
 #include "platform/utf.h"
 
 #include <array>
@@ -46,7 +47,7 @@ char16_t decodeAnsiByte(std::uint16_t codePage, unsigned char byte) {
     if (byte < 0x80)
         return byte;
     if (codePage != western)
-        return replacement;
+        return upperAnsiCharacter(codePage, byte);
     return byte < 0xA0 ? westernHigh[byte - 0x80U] : char16_t{byte};
 }
 

@@ -7,8 +7,8 @@
 
 namespace hourwright::exchange {
 
-/// The character of one byte in a single-byte code page. Known are 1252 and, for Symbol fonts, 42; bytes from 0x80 on
-/// of any other page become U+FFFD.
+/// The character of one byte in a single-byte code page. Known are the Windows pages 874 and 1250 to 1258 and, for
+/// Symbol fonts, 42; bytes from 0x80 on of any other page become U+FFFD.
 [[nodiscard]] char16_t decodeAnsiByte(std::uint16_t codePage, unsigned char byte);
 
 /// True for the code pages whose characters take more than one byte.

@@ -81,9 +81,14 @@ TEST(NoteTextConverter, CodePages) {
         {"\\ansicpg65001 \\'e2\\'82x\\'e2\\par y", u"\uFFFD\uFFFDx\uFFFD\r\ny"},
         {"\\ansicpg65001 a\\'e2\\'00\\'0db", u"a\uFFFD\r\nb"},
         {"\\ansicpg932 \\'83\\'41\\'83A\\'83\\\\b", u"\uFFFD\uFFFD\uFFFDb"},
-        {"\\ansicpg1251 \\'cf", u"\uFFFD"},
+        {"\\ansicpg1250 \\'e8\\'9a", u"čš"},
+        {"\\ansicpg1251 \\'cf\\'f0\xE8", u"При"},
+        {"\\ansicpg874 \\'a1\\'ff", u"\u0E01\uFFFD"},
+        {"\\ansicpg1258 \\'ff", u"ÿ"},
+        {"\\mac \\'8a", u"\uFFFD"},
+        {"{\\fonttbl{\\f0\\fcharset204 A;}{\\f1\\cpg1253 B;}}\\f0\\'e4\\f1\\'e4\\plain\\'e4", u"дδä"},
         {"{\\fonttbl{\\f0\\fcharset0 A;}{\\f1\\fcharset2 S;}}\\f1\\'b7\\f0\\'b7", u"\uF0B7\u00B7"},
-        {"\\ansicpg1251{\\fonttbl{\\f7\\fcharset0 A;}}{\\f7\\'e4}\\'e4", u"ä\uFFFD"},
+        {"\\ansicpg1251{\\fonttbl{\\f7\\fcharset0 A;}}{\\f7\\'e4}\\'e4", u"äд"},
     };
     expectTexts(cases);
 }
