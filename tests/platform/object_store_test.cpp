@@ -1,6 +1,7 @@
 #include "platform/sqlite/sqlite_object_store.h"
 #include "support/temporary_directory.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <limits>
@@ -348,6 +349,15 @@ TEST_F(ObjectStoreTest, SecondProcessSeesCommitsAndIsKeptFromWriting) {
     const auto snapshot = other.store->snapshot();
     EXPECT_NE(otherDatabase->seek(Seek::toBeginning()), ObjectId::none);
     EXPECT_FALSE(other.store->begin()); // not under a snapshot
+}
+
+TEST_F(ObjectStoreTest, OpeningTheFileAgainKeepsThisProcessesLocks) {
+    makeDatabase(byDate);
+    const auto transaction = store_->begin();
+    ASSERT_TRUE(transaction);
+    EXPECT_TRUE(openSqliteObjectStore(file()).store); // opened and closed beside the running transaction
+    const std::string shell = "sqlite3 " + file().string() + " 'BEGIN IMMEDIATE' 2>/dev/null";
+    EXPECT_NE(std::system(shell.c_str()), 0); // another process is still kept out
 }
 
 TEST_F(ObjectStoreTest, FindsDatabasesByTypeAndOrderOfCreation) {

@@ -1,7 +1,7 @@
 #include "platform/sqlite/connection.h"
 
+#include <algorithm>
 #include <array>
-#include <fstream>
 #include <sqlite3.h>
 
 namespace hourwright::platform::sqlite {
@@ -107,6 +107,34 @@ int Statement::columnCount() const {
     return sqlite3_column_count(handle_.get());
 }
 
+namespace {
+
+constexpr std::size_t headerSize = 100;
+using HeaderBytes = std::array<unsigned char, headerSize>;
+
+// Reads the first bytes through SQLite's own file layer: closing a descriptor of ours would drop the locks that other
+// connections of this process hold on the file. No lock is taken and nothing is rolled back.
+int readThroughSqlite(const std::filesystem::path& file, HeaderBytes& bytes) {
+    sqlite3* connection = nullptr;
+    int result = sqlite3_open_v2(file.c_str(), &connection, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
+    sqlite3_file* handle = nullptr;
+    if (result == SQLITE_OK)
+        result = sqlite3_file_control(connection, "main", SQLITE_FCNTL_FILE_POINTER, &handle);
+    if (result == SQLITE_OK && handle->pMethods != nullptr)
+        result = handle->pMethods->xRead(handle, bytes.data(), static_cast<int>(bytes.size()), 0);
+    sqlite3_close(connection);
+    return result;
+}
+
+std::uint32_t bigEndian(const HeaderBytes& bytes, std::size_t offset) {
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < 4; ++i)
+        value = value << 8 | bytes[offset + i];
+    return value;
+}
+
+} // namespace
+
 FileHeader readFileHeader(const std::filesystem::path& file) {
     std::error_code error;
     const auto status = std::filesystem::status(file, error);
@@ -114,25 +142,20 @@ FileHeader readFileHeader(const std::filesystem::path& file) {
         return {.kind = FileHeader::Kind::missing};
     if (error || status.type() != std::filesystem::file_type::regular)
         return {.kind = FileHeader::Kind::unreadable};
-    std::ifstream stream(file, std::ios::binary);
-    if (!stream)
-        return {.kind = FileHeader::Kind::unreadable};
-    std::array<char, 100> bytes{};
-    stream.read(bytes.data(), bytes.size());
-    if (stream.gcount() == 0)
+    if (std::filesystem::file_size(file, error) == 0)
         return {.kind = FileHeader::Kind::empty};
-    constexpr std::string_view magic{"SQLite format 3", 16};
-    if (stream.gcount() != static_cast<std::streamsize>(bytes.size()) ||
-        std::string_view(bytes.data(), magic.size()) != magic)
+    HeaderBytes bytes{};
+    const int result = readThroughSqlite(file, bytes);
+    if (result == SQLITE_IOERR_SHORT_READ)
         return {.kind = FileHeader::Kind::foreign};
-    const auto bigEndian = [&bytes](std::size_t offset) {
-        std::uint32_t value = 0;
-        for (std::size_t i = 0; i < 4; ++i)
-            value = value << 8 | static_cast<unsigned char>(bytes[offset + i]);
-        return value;
-    };
+    if (result != SQLITE_OK)
+        return {.kind = FileHeader::Kind::unreadable};
+    constexpr std::string_view magic{"SQLite format 3", 16};
+    if (!std::equal(magic.begin(), magic.end(), bytes.begin()))
+        return {.kind = FileHeader::Kind::foreign};
     // Offsets of the user version and the application id in SQLite's file header.
-    return {.kind = FileHeader::Kind::sqlite, .applicationId = bigEndian(68), .userVersion = bigEndian(60)};
+    return {
+        .kind = FileHeader::Kind::sqlite, .applicationId = bigEndian(bytes, 68), .userVersion = bigEndian(bytes, 60)};
 }
 
 void Connection::Closer::operator()(sqlite3* connection) const {

@@ -1,0 +1,97 @@
+#include "ratios/commands.h"
+
+#include "ratios/report.h"
+
+namespace hourwright::bench {
+
+namespace {
+
+using std::filesystem::path;
+
+constexpr int quickRuns = 40;
+constexpr int longRuns = 3;
+
+// The middle of the made-up history's last weeks, as FILETIMEs of local time: Monday 9 to Sunday 15 November 2026.
+constexpr const char* week = "2026-11-11";
+constexpr const char* weekCondition = "p1001_filetime >= (strftime('%s', '2026-11-09') + 11644473600) * 10000000 AND"
+                                      " p1001_filetime < (strftime('%s', '2026-11-16') + 11644473600) * 10000000";
+
+// The shell as hwctl uses the file: every commit durable before it returns.
+Cost shell(const path& home, const std::string& sql, const std::vector<std::string>& options = {}) {
+    std::vector<std::string> command = {"sqlite3", "-batch"};
+    command.insert(command.end(), options.begin(), options.end());
+    command.push_back(home / "hourwright.db");
+    command.push_back("PRAGMA synchronous=EXTRA; " + sql);
+    return runChild(command);
+}
+
+Cost hwctl(const path& program, const path& home, std::vector<std::string> arguments) {
+    std::vector<std::string> command = {program, "--home", home, "--now", "2026-11-21 12:00:00"};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return runChild(command);
+}
+
+const std::vector<std::string> addArguments = {"entry",      "add",  "--client",   "Bench", "--task", "Measuring",
+                                               "--duration", "1.25", "--currency", "USD",   "--rate", "45.50"};
+
+// One row of the same width, with the indexes the table has. Records beyond the counter would be damage: the shell
+// works on a copy of the table that is emptied by its own transaction's end.
+std::string insertSql() {
+    return "CREATE TABLE IF NOT EXISTS bench_rows (id INTEGER PRIMARY KEY, shape INTEGER, checksum INTEGER,"
+           " p1001 INTEGER, p1002 TEXT, p1005 TEXT, p1006 INTEGER, p1019 INTEGER, p1007 TEXT, p1008 INTEGER,"
+           " p1021 INTEGER, p1022 INTEGER); CREATE INDEX IF NOT EXISTS bench_order ON bench_rows (p1001);";
+}
+
+std::string insertRowSql() {
+    return "INSERT INTO bench_rows(shape, checksum, p1001, p1002, p1005, p1006, p1019, p1007, p1008, p1021, p1022)"
+           " VALUES (1, 12345, 134000000000000000, 'Bench', 'Measuring', 125, 0, 'USD', 4550, 134000000000000000, 0);";
+}
+
+void measureAdd(const path& program, const path& large, const path& small) {
+    (void)shell(large, insertSql());
+    const Pair pair = bestInTurns(
+        quickRuns, [&] { return hwctl(program, large, addArguments); }, [&] { return shell(large, insertRowSql()); });
+    printRow("hwctl entry add / shell insert", pair, 3);
+    (void)shell(large, "DROP TABLE bench_rows;");
+    const Pair growth = bestInTurns(
+        quickRuns, [&] { return hwctl(program, large, addArguments); },
+        [&] { return hwctl(program, small, addArguments); });
+    printRow("hwctl entry add, large / small store", growth, 1.3);
+}
+
+void measureWeek(const path& program, const path& large, const path& small) {
+    const std::vector<std::string> arguments = {"entry", "list", "--week", week, "--json"};
+    const std::string sql =
+        std::string("SELECT * FROM time_entries WHERE id IN (SELECT id FROM records_1 WHERE ") + weekCondition + ");";
+    const Pair pair = bestInTurns(
+        quickRuns, [&] { return hwctl(program, large, arguments); }, [&] { return shell(large, sql, {"-json"}); });
+    printRow("hwctl entry list --week --json / shell query", pair, 4);
+    const Pair growth = bestInTurns(
+        quickRuns, [&] { return hwctl(program, large, arguments); }, [&] { return hwctl(program, small, arguments); });
+    printRow("hwctl entry list --week, large / small store", growth, 0);
+}
+
+void measureExport(const path& program, const path& large) {
+    const std::vector<std::string> arguments = {"export", "csv", "-", "--custom", "1990-01-01", "2030-12-31"};
+    const Pair pair = bestInTurns(
+        longRuns, [&] { return hwctl(program, large, arguments); },
+        [&] {
+            return shell(large,
+                         "SELECT date, client, project, phase, task, date, duration_hundredths, status, currency,"
+                         " rate_hundredths, rate_type, rate_hundredths * duration_hundredths, bill_to, custom1,"
+                         " custom2, custom3, note, date, paid_date, break_hundredths FROM time_entries ORDER BY date;",
+                         {"-csv"});
+        });
+    printRow("hwctl export csv of everything / shell -csv", pair, 2);
+    printFigure("peak memory of hwctl export csv", pair.ours.peakMegabytes, "MB", 40);
+}
+
+} // namespace
+
+void measureCommands(const path& program, const path& large, const path& small) {
+    measureAdd(program, large, small);
+    measureWeek(program, large, small);
+    measureExport(program, large);
+}
+
+} // namespace hourwright::bench
