@@ -16,6 +16,7 @@ enum class PlatformError : std::uint32_t {
     readFault = 30,
     locked = 33,
     invalidParameter = 87,
+    brokenPipe = 109,
     openFailed = 110,
     diskFull = 112,
     alreadyExists = 183,

@@ -28,7 +28,8 @@ PlatformError fromErrno(int errorNumber) {
     case EMFILE:
     case ENFILE:
     case ENXIO: return PlatformError::openFailed;
-    default: return PlatformError::writeFault; // EIO, EPIPE and what else a device may say
+    case EPIPE: return PlatformError::brokenPipe;
+    default: return PlatformError::writeFault; // EIO and what else a device may say
     }
 }
 

@@ -9,24 +9,15 @@ namespace {
 
 using sqlite::RegistryFile;
 
-class Batch final : public RegistryBatch {
+class Batch : public RegistryBatch {
 public:
     explicit Batch(RegistryFile& file) : file_(file) { file_.beginWrites(); }
-    ~Batch() override { commit(); }
+    ~Batch() override { file_.endWrites(); }
     Batch(const Batch&) = delete;
     Batch& operator=(const Batch&) = delete;
 
-    bool commit() override {
-        if (open_)
-            stored_ = file_.endWrites();
-        open_ = false;
-        return stored_;
-    }
-
 private:
     RegistryFile& file_;
-    bool open_ = true;
-    bool stored_ = false;
 };
 
 class Key : public RegistryKey {
