@@ -14,10 +14,14 @@ if(HOURWRIGHT_SANITIZE)
   target_link_options(hourwright_options INTERFACE -fsanitize=${HOURWRIGHT_SANITIZE})
 endif()
 
-# One library a floor: every source below the current folder, and the floors it may use.
+# One library a floor: every source below the current folder but those in the EXCLUDE folders, and the floors it may
+# use.
 function(hourwright_floor name)
-  cmake_parse_arguments(FLOOR "" "" "USES;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(FLOOR "" "" "USES;LIBRARIES;EXCLUDE" ${ARGN})
   file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  foreach(folder IN LISTS FLOOR_EXCLUDE)
+    list(FILTER sources EXCLUDE REGEX "^${CMAKE_CURRENT_SOURCE_DIR}/${folder}/")
+  endforeach()
   if(NOT sources)
     add_library(hourwright_${name} INTERFACE)
     target_link_libraries(hourwright_${name} INTERFACE hourwright_options ${FLOOR_LIBRARIES})

@@ -1,0 +1,153 @@
+#include "cli/command_table.h"
+
+#include "cli/handlers.h"
+
+#include <algorithm>
+
+namespace hourwright::cli {
+
+namespace {
+
+constexpr std::array globals{&option::home, &option::now, &option::locale,  &option::osMajor,
+                             &option::json, &option::yes, &option::version, &option::help};
+constexpr OptionGroup globalGroup{"GLOBAL OPTIONS", "Global options", globals};
+
+constexpr std::array fieldOptions{
+    &option::date,  &option::start,    &option::noStart,  &option::end,       &option::client,  &option::project,
+    &option::phase, &option::task,     &option::duration, &option::breakTime, &option::status,  &option::currency,
+    &option::rate,  &option::rateType, &option::billTo,   &option::custom1,   &option::custom2, &option::custom3,
+    &option::note,  &option::noteFile, &option::paidDate,
+};
+constexpr OptionGroup fields{"FIELDS", "Fields", fieldOptions};
+
+constexpr std::array periodOptions{&option::day, &option::week, &option::month, &option::custom};
+constexpr OptionGroup period{"PERIOD", "Period (default: the stored view kind and today)", periodOptions};
+
+constexpr std::array allOption{&option::all};
+constexpr OptionGroup all{"", "", allOption};
+constexpr std::array propertiesOption{&option::properties};
+constexpr OptionGroup properties{"", "", propertiesOption};
+constexpr std::array paidDateOption{&option::paidDate};
+constexpr OptionGroup paidDate{"", "", paidDateOption};
+constexpr std::array stepOptions{&option::previous, &option::next};
+constexpr OptionGroup steps{"", "", stepOptions};
+constexpr std::array idOption{&option::id};
+constexpr OptionGroup recordId{"", "", idOption};
+constexpr std::array demoOptions{&option::entries, &option::seed};
+constexpr OptionGroup demoGroup{"", "", demoOptions};
+
+constexpr std::array entryId{ArgumentSpec{"ID", ValueKind::id, "record id of the entry"}};
+constexpr std::array entryIds{ArgumentSpec{"ID", ValueKind::id, "record ids of the entries", true, true}};
+constexpr std::array optionalDate{ArgumentSpec{"DATE", ValueKind::date, "a day of the period (today)", false}};
+constexpr std::array listName{ArgumentSpec{"LIST", ValueKind::choice, "the list", true, false,
+                                           "phases|currencies|custom1|custom2|custom3|categories|descriptions"}};
+constexpr std::array valueName{ArgumentSpec{"NAME", ValueKind::text, "registry value name"}};
+constexpr std::array nameAndValue{ArgumentSpec{"NAME", ValueKind::text, "registry value name"},
+                                  ArgumentSpec{"VALUE", ValueKind::text, "its new value, as settings get prints it"}};
+constexpr std::array nameAndData{
+    ArgumentSpec{"NAME", ValueKind::text, "registry value name"},
+    ArgumentSpec{"DATA", ValueKind::text, "dword:N, sz:TEXT or hex:aa,bb,... (hexadecimal bytes)"}};
+constexpr std::array fileName{ArgumentSpec{"FILE", ValueKind::file, "file to write, - for standard output"}};
+constexpr std::array databaseName{ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"}};
+constexpr std::array databaseAndId{ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"},
+                                   ArgumentSpec{"ID", ValueKind::id, "record id"}};
+constexpr std::array databaseAndProperties{
+    ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"},
+    ArgumentSpec{"NUMBER:TYPE=VALUE", ValueKind::text,
+                 "a property: its number, UI2, UI4, BOOL, FILETIME, LPWSTR or BLOB, and its value as store dump "
+                 "prints it; the value - deletes the property",
+                 true, true}};
+
+constexpr std::array topicTable{
+    TopicSpec{"entry", "time entries"},
+    TopicSpec{"picklist", "the texts that entries and expenses have used"},
+    TopicSpec{"settings", "the settings, loaded and saved as the program does it"},
+    TopicSpec{"registry", "the raw values that settings are kept in"},
+    TopicSpec{"period", "start and end of a day, week, month or custom period"},
+    TopicSpec{"export", "files for other programs"},
+    TopicSpec{"store", "databases and records as stored"},
+    TopicSpec{"demo", "made-up data to try the program with"},
+};
+
+constexpr std::array commandTable{
+    CommandSpec{"entry", "add", "add a time entry and print its record id", {}, {&fields}, entryAdd},
+    CommandSpec{"entry",
+                "edit",
+                "change the given fields of an entry; an empty value clears a field",
+                entryId,
+                {&fields},
+                entryEdit},
+    CommandSpec{"entry", "show", "print one entry", entryId, {&properties}, entryShow},
+    CommandSpec{"entry", "list", "print the entries of a period", {}, {&period, &all}, entryList},
+    CommandSpec{"entry", "delete", "delete entries", entryIds, {}, entryDelete},
+    CommandSpec{
+        "entry", "toggle-billed", "bill what is not billed yet, take back what is", entryIds, {}, entryToggleBilled},
+    CommandSpec{"entry", "pay", "mark entries paid, now or on a date", entryIds, {&paidDate}, entryPay},
+    CommandSpec{"entry", "unpay", "make paid entries billed ones again", entryIds, {}, entryUnpay},
+    CommandSpec{"picklist", "show", "print a list's texts, one a line", listName, {}, picklistShow},
+    CommandSpec{"settings", "list", "print all settings by registry value name", {}, {}, settingsList},
+    CommandSpec{"settings", "get", "print one setting", valueName, {}, settingsGet},
+    CommandSpec{"settings", "set", "change one setting", nameAndValue, {}, settingsSet},
+    CommandSpec{"registry", "dump", "print every value: name, type, size in bytes, data", {}, {}, registryDump},
+    CommandSpec{"registry", "get", "print the data of a value", valueName, {}, registryGet},
+    CommandSpec{"registry", "set", "store a value", nameAndData, {}, registrySet},
+    CommandSpec{"registry", "delete", "delete a value", valueName, {}, registryDelete},
+    CommandSpec{"registry", "delete-key", "delete all values and their key", {}, {}, registryDeleteKey},
+    CommandSpec{"period", "day", "the day of a date", optionalDate, {&steps}, periodDay},
+    CommandSpec{"period", "week", "the week of a date", optionalDate, {&steps}, periodWeek},
+    CommandSpec{"period", "month", "the month of a date", optionalDate, {&steps}, periodMonth},
+    CommandSpec{"period", "custom", "the custom period of the settings", {}, {}, periodCustom},
+    CommandSpec{
+        "export", "csv", "write the entries of a period as comma-separated values", fileName, {&period}, exportCsv},
+    CommandSpec{
+        "store", "databases", "print name, type number, sort property and record count", {}, {}, storeDatabases},
+    CommandSpec{
+        "store", "dump", "print every record of a database: its id, then its properties", databaseName, {}, storeDump},
+    CommandSpec{
+        "store", "write", "write a raw record and print its id", databaseAndProperties, {&recordId}, storeWrite},
+    CommandSpec{"store", "delete", "delete a record", databaseAndId, {}, storeDelete},
+    CommandSpec{"store", "check", "verify the store; exit code 1 when it is damaged", {}, {}, storeCheck},
+    CommandSpec{"demo", "", "fill an empty store with a made-up consultant's data", {}, {&demoGroup}, demo},
+};
+
+} // namespace
+
+const OptionGroup& globalOptions() {
+    return globalGroup;
+}
+
+std::span<const TopicSpec> topics() {
+    return topicTable;
+}
+
+std::span<const CommandSpec> commands() {
+    return commandTable;
+}
+
+std::span<const CommandSpec> commandsOf(std::string_view topic) {
+    const auto first = std::ranges::find(commandTable, topic, &CommandSpec::name);
+    const auto last = std::find_if(first, commandTable.end(), [&](const CommandSpec& c) { return c.name != topic; });
+    return {first, last};
+}
+
+std::span<const OptionGroup* const> groupsOf(const CommandSpec& command) {
+    const auto end = std::ranges::find(command.groups, nullptr);
+    return {command.groups.begin(), end};
+}
+
+const OptionSpec* findOption(const CommandSpec* command, std::string_view name) {
+    const auto inGroup = [name](const OptionGroup& group) -> const OptionSpec* {
+        const auto found = std::ranges::find(group.options, name, [](const OptionSpec* o) { return o->name; });
+        return found != group.options.end() ? *found : nullptr;
+    };
+    if (const OptionSpec* global = inGroup(globalGroup))
+        return global;
+    if (!command)
+        return nullptr;
+    for (const OptionGroup* group : groupsOf(*command))
+        if (const OptionSpec* found = inGroup(*group))
+            return found;
+    return nullptr;
+}
+
+} // namespace hourwright::cli

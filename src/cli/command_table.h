@@ -1,0 +1,176 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace hourwright::cli {
+
+class Arguments;
+class Session;
+
+/// How a command ends, as the process's exit code.
+enum class ExitCode : std::uint8_t { done = 0, refused = 1, usage = 2 };
+
+/// What a value on the command line must look like; the parser checks it, completion offers what fits.
+enum class ValueKind : std::uint8_t {
+    text,
+    date,     ///< YYYY-MM-DD, today, yesterday, tomorrow, +N, -N
+    time,     ///< HH:MM
+    dateTime, ///< YYYY-MM-DD HH:MM:SS
+    number,   ///< 0 to 4294967295
+    id,       ///< 1 to 4294967295
+    choice,   ///< one of `choices`
+    numbered, ///< one of `choices`, or its position counted from 0
+    file,
+    directory,
+};
+
+/// How many values follow an option.
+enum class Arity : std::uint8_t { none, optional, one, two };
+
+/// Options of one family exclude each other.
+enum class Family : std::uint8_t { none, period, start, note, step };
+
+struct OptionSpec {
+    std::string_view name; ///< with its dashes
+    Arity arity = Arity::none;
+    ValueKind kind = ValueKind::text;
+    std::string_view value; ///< placeholder in help
+    std::string_view help;
+    std::string_view choices{}; ///< separated by '|'
+    Family family = Family::none;
+    bool clearable = false; ///< an empty value is allowed whatever the kind
+};
+
+struct ArgumentSpec {
+    std::string_view name; ///< placeholder in help
+    ValueKind kind = ValueKind::text;
+    std::string_view help;
+    bool required = true;
+    bool repeated = false;
+    std::string_view choices{};
+};
+
+/// Options that several commands take together.
+struct OptionGroup {
+    std::string_view name; ///< placeholder in usage lines; empty: options are written out
+    std::string_view title;
+    std::span<const OptionSpec* const> options;
+};
+
+using Handler = ExitCode (*)(Session&, const Arguments&);
+
+/// One command: what help, usage lines, the parser, completion and the manual know of it.
+struct CommandSpec {
+    std::string_view name;
+    std::string_view subcommand; ///< empty: the command has none
+    std::string_view summary;
+    std::span<const ArgumentSpec> arguments;
+    std::array<const OptionGroup*, 3> groups; ///< null behind the last
+    Handler run;
+};
+
+/// A command word and what its subcommands are about.
+struct TopicSpec {
+    std::string_view name;
+    std::string_view summary;
+};
+
+/// The options, each named once, so that a command cannot ask for one that does not exist.
+namespace option {
+
+inline constexpr std::string_view statusChoices = "non-billable|billable|billed|paid";
+inline constexpr std::string_view rateTypeChoices = "normal|overtime|weekend|fixed|discount";
+
+inline constexpr OptionSpec home{"--home", Arity::one, ValueKind::directory, "DIR", "keep settings and store in DIR"};
+inline constexpr OptionSpec now{"--now", Arity::one, ValueKind::dateTime, "\"YYYY-MM-DD HH:MM:SS\"",
+                                "take this as the current local time"};
+inline constexpr OptionSpec locale{"--locale", Arity::one, ValueKind::text, "NAME",
+                                   "format and compare as this locale does, for example de_DE"};
+inline constexpr OptionSpec osMajor{"--os-major", Arity::one, ValueKind::number, "N",
+                                    "major version of the system that settings defaults depend on (5)"};
+inline constexpr OptionSpec json{"--json", Arity::none, {}, "", "print one JSON document"};
+inline constexpr OptionSpec yes{"--yes", Arity::none, {}, "", "answer every question with Yes"};
+inline constexpr OptionSpec version{"--version", Arity::none, {}, "", "print the version"};
+inline constexpr OptionSpec help{"--help", Arity::none, {}, "", "explain the command"};
+
+inline constexpr OptionSpec date{"--date", Arity::one, ValueKind::date, "DATE", "date of the entry"};
+inline constexpr OptionSpec start{"--start",    Arity::one, ValueKind::time, "HH:MM",
+                                  "start time", "",         Family::start,   true};
+inline constexpr OptionSpec noStart{"--no-start", Arity::none, {}, "", "no start time", "", Family::start};
+inline constexpr OptionSpec end{"--end", Arity::one, ValueKind::time, "HH:MM",
+                                "end time: the duration comes from start, break and end"};
+inline constexpr OptionSpec client{"--client", Arity::one, ValueKind::text, "TEXT", "client"};
+inline constexpr OptionSpec project{"--project", Arity::one, ValueKind::text, "TEXT", "project"};
+inline constexpr OptionSpec phase{"--phase", Arity::one, ValueKind::text, "TEXT", "phase"};
+inline constexpr OptionSpec task{"--task", Arity::one, ValueKind::text, "TEXT", "task"};
+inline constexpr OptionSpec duration{"--duration", Arity::one, ValueKind::text, "HOURS", "duration in hours"};
+inline constexpr OptionSpec breakTime{"--break", Arity::one, ValueKind::text, "HOURS", "break in hours"};
+inline constexpr OptionSpec status{"--status",       Arity::one,    ValueKind::numbered, "STATUS",
+                                   "billing status", statusChoices, Family::none,        true};
+inline constexpr OptionSpec currency{"--currency", Arity::one, ValueKind::text, "TEXT", "currency"};
+inline constexpr OptionSpec rate{"--rate", Arity::one, ValueKind::text, "AMOUNT", "rate per hour"};
+inline constexpr OptionSpec rateType{"--rate-type",  Arity::one,      ValueKind::numbered, "TYPE",
+                                     "kind of rate", rateTypeChoices, Family::none,        true};
+inline constexpr OptionSpec billTo{"--bill-to", Arity::one, ValueKind::text, "TEXT", "contact that is billed"};
+inline constexpr OptionSpec custom1{"--custom1", Arity::one, ValueKind::text, "TEXT", "first custom field"};
+inline constexpr OptionSpec custom2{"--custom2", Arity::one, ValueKind::text, "TEXT", "second custom field"};
+inline constexpr OptionSpec custom3{"--custom3", Arity::one, ValueKind::text, "TEXT", "third custom field"};
+inline constexpr OptionSpec note{"--note", Arity::one, ValueKind::text, "TEXT", "note", "", Family::note};
+inline constexpr OptionSpec noteFile{
+    "--note-file", Arity::one, ValueKind::file, "FILE", "note from a file: RTF or UTF-8 text", "", Family::note};
+inline constexpr OptionSpec paidDate{"--paid-date",         Arity::one, ValueKind::date, "DATE",
+                                     "date of the payment", "",         Family::none,    true};
+
+inline constexpr OptionSpec day{"--day", Arity::optional, ValueKind::date, "DATE", "the day of DATE (default today)",
+                                "",      Family::period};
+inline constexpr OptionSpec week{"--week", Arity::optional, ValueKind::date, "DATE", "the week of DATE",
+                                 "",       Family::period};
+inline constexpr OptionSpec month{"--month", Arity::optional, ValueKind::date, "DATE", "the month of DATE",
+                                  "",        Family::period};
+inline constexpr OptionSpec custom{"--custom", Arity::two,    ValueKind::date, "FROM TO", "the days from FROM to TO",
+                                   "",         Family::period};
+inline constexpr OptionSpec all{"--all", Arity::none, {}, "", "all records, whatever their date", "", Family::period};
+
+inline constexpr OptionSpec properties{"--properties", Arity::none, {}, "", "print the properties as stored"};
+inline constexpr OptionSpec previous{"--previous",        Arity::one, ValueKind::number, "N",
+                                     "N periods earlier", "",         Family::step};
+inline constexpr OptionSpec next{"--next", Arity::one, ValueKind::number, "N", "N periods later", "", Family::step};
+inline constexpr OptionSpec id{"--id", Arity::one, ValueKind::id, "ID", "change this record instead of adding one"};
+inline constexpr OptionSpec entries{"--entries", Arity::one, ValueKind::number, "N",
+                                    "number of time entries (default 1000)"};
+inline constexpr OptionSpec seed{"--seed", Arity::one, ValueKind::number, "S", "another seed, other data (default 1)"};
+
+} // namespace option
+
+/// The options that every command takes.
+[[nodiscard]] const OptionGroup& globalOptions();
+
+/// The command words in the order in which help lists them.
+[[nodiscard]] std::span<const TopicSpec> topics();
+
+/// Every command, those of one topic together.
+[[nodiscard]] std::span<const CommandSpec> commands();
+
+/// The commands of one topic; empty for an unknown word.
+[[nodiscard]] std::span<const CommandSpec> commandsOf(std::string_view topic);
+
+/// The option groups that are in use.
+[[nodiscard]] std::span<const OptionGroup* const> groupsOf(const CommandSpec& command);
+
+/// The option of that name that the command takes, global ones included; null when there is none.
+[[nodiscard]] const OptionSpec* findOption(const CommandSpec* command, std::string_view name);
+
+/// Calls `visit` with each of the words that `choices` separates by '|'.
+template<typename Visitor>
+void forEachChoice(std::string_view choices, Visitor visit) {
+    while (!choices.empty()) {
+        const auto bar = choices.find('|');
+        visit(choices.substr(0, bar));
+        choices = bar == std::string_view::npos ? std::string_view{} : choices.substr(bar + 1);
+    }
+}
+
+} // namespace hourwright::cli

@@ -1,0 +1,331 @@
+#include "cli/completion.h"
+
+#include "cli/command_table.h"
+#include "cli/help.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace hourwright::cli {
+
+namespace {
+
+constexpr std::string_view dateWords = "today|yesterday|tomorrow";
+
+// What completion offers for a value.
+struct Offer {
+    ValueKind kind;
+    std::string_view choices;
+};
+
+Offer offerOf(const OptionSpec& option) {
+    return {option.kind, option.kind == ValueKind::date ? dateWords : option.choices};
+}
+
+Offer offerOf(const ArgumentSpec& argument) {
+    return {argument.kind, argument.kind == ValueKind::date ? dateWords : argument.choices};
+}
+
+std::string spaced(std::string_view choices) {
+    std::string words(choices);
+    std::ranges::replace(words, '|', ' ');
+    return words;
+}
+
+std::vector<const OptionSpec*> optionsOf(const CommandSpec& command) {
+    std::vector<const OptionSpec*> options;
+    for (const OptionGroup* group : groupsOf(command))
+        options.insert(options.end(), group->options.begin(), group->options.end());
+    return options;
+}
+
+std::string subcommandWords(std::string_view topic) {
+    std::string words;
+    for (const CommandSpec& command : commandsOf(topic))
+        (words += words.empty() ? "" : " ") += command.subcommand;
+    return words;
+}
+
+std::string optionWords(std::span<const OptionSpec* const> options) {
+    std::string words;
+    for (const OptionSpec* option : options)
+        (words += words.empty() ? "" : " ") += option->name;
+    return words;
+}
+
+// ---- bash ----
+
+std::string bashOffer(const Offer& offer) {
+    if (offer.kind == ValueKind::file)
+        return "offer=files";
+    if (offer.kind == ValueKind::directory)
+        return "offer=directories";
+    return "words='" + spaced(offer.choices) + "'";
+}
+
+std::string bashValueCases(std::span<const OptionSpec* const> options, std::string_view indent) {
+    std::string out;
+    for (const OptionSpec* option : options)
+        if (option->arity != Arity::none)
+            out +=
+                std::string(indent) + std::string(option->name) + ") value=1 " + bashOffer(offerOf(*option)) + " ;;\n";
+    return out;
+}
+
+std::string bashCommandCase(const CommandSpec& command) {
+    const auto options = optionsOf(command);
+    std::string out = "        " + std::string(command.name) + "/" + std::string(command.subcommand) + ")\n";
+    out += "            options='" + optionWords(options) + "'\n";
+    if (!command.arguments.empty())
+        out += "            " + bashOffer(offerOf(command.arguments.front())) + "\n";
+    if (const std::string cases = bashValueCases(options, "                "); !cases.empty())
+        out += "            case $previous in\n" + cases + "            esac\n";
+    return out + "            ;;\n";
+}
+
+std::string bashTopicCase(const TopicSpec& topic) {
+    return "        " + std::string(topic.name) + "/) words='" + subcommandWords(topic.name) + "' ;;\n";
+}
+
+constexpr std::string_view bashHead = R"(# Completion of hwctl for bash; made from its command table.
+_hwctl() {
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+    local command= subcommand= options= words= offer= value= word i
+    for ((i = 1; i < COMP_CWORD; i++)); do
+        word=${COMP_WORDS[i]}
+        case $word in
+        @SKIPPED@) ((i++)) ;;
+        -*) ;;
+        *) if [[ -z $command ]]; then command=$word; elif [[ -z $subcommand ]]; then subcommand=$word; fi ;;
+        esac
+    done
+    [[ $command == demo ]] && subcommand=
+    case $command/$subcommand in
+)";
+
+constexpr std::string_view bashTail = R"(    esac
+    if [[ $current == -* && -z $value ]]; then
+        words="$options @GLOBALS@" offer=
+    fi
+    case $offer in
+    files) COMPREPLY=($(compgen -f -- "$current")); compopt -o filenames 2>/dev/null ;;
+    directories) COMPREPLY=($(compgen -d -- "$current")); compopt -o filenames 2>/dev/null ;;
+    *) COMPREPLY=($(compgen -W "$words" -- "$current")) ;;
+    esac
+}
+complete -F _hwctl hwctl
+)";
+
+void fill(std::string& text, std::string_view place, std::string_view by) {
+    if (const auto at = text.find(place); at != std::string::npos)
+        text.replace(at, place.size(), by);
+}
+
+std::string withValue(std::span<const OptionSpec* const> options, std::string_view separator) {
+    std::string names;
+    for (const OptionSpec* option : options)
+        if (option->arity == Arity::one)
+            (names += names.empty() ? "" : separator) += option->name;
+    return names;
+}
+
+// ---- zsh ----
+
+// Text within a single-quoted _arguments specification.
+std::string zshText(std::string_view text) {
+    std::string out;
+    for (const char c : text) {
+        if (c == '\'')
+            out += "'\\''";
+        else if (c == '[' || c == ']' || c == ':')
+            (out += '\\') += c;
+        else
+            out += c;
+    }
+    return out;
+}
+
+std::string zshAction(const Offer& offer) {
+    if (offer.kind == ValueKind::file)
+        return "_files";
+    if (offer.kind == ValueKind::directory)
+        return "_files -/";
+    return offer.choices.empty() ? " " : "(" + spaced(offer.choices) + ")";
+}
+
+std::string zshOption(const OptionSpec& option) {
+    std::string out = "'" + std::string(option.name) + "[" + zshText(option.help) + "]";
+    const std::string value = zshText(option.value) + ":" + zshAction(offerOf(option));
+    switch (option.arity) {
+    case Arity::none: break;
+    case Arity::optional: out += "::" + value; break;
+    case Arity::one: out += ":" + value; break;
+    case Arity::two: out += ":" + value + ":" + value; break;
+    }
+    return out + "'";
+}
+
+std::string zshArgument(const ArgumentSpec& argument) {
+    const std::string_view colons = argument.required ? ":" : "::";
+    const std::string place = argument.repeated ? "*:" : std::string(colons);
+    return "'" + place + zshText(argument.name) + ":" + zshAction(offerOf(argument)) + "'";
+}
+
+std::string zshCommandCase(const CommandSpec& command) {
+    std::string out =
+        "  " + std::string(command.name) + "/" + std::string(command.subcommand) + ")\n    _arguments $globals";
+    for (const OptionSpec* option : optionsOf(command))
+        out += " \\\n      " + zshOption(*option);
+    for (const ArgumentSpec& argument : command.arguments)
+        out += " \\\n      " + zshArgument(argument);
+    return out + "\n    ;;\n";
+}
+
+constexpr std::string_view zshHead = R"(#compdef hwctl
+# Completion of hwctl for zsh; made from its command table.
+_hwctl() {
+  local curcontext="$curcontext" state line command subcommand
+  local -a globals topics subcommands
+)";
+
+constexpr std::string_view zshBody = R"(  _arguments -C $globals '1:command:->topic' '*::argument:->rest' && return
+  if [[ $state == topic ]]; then
+    _describe command topics
+    return
+  fi
+  command=$line[1]
+  case $command in
+)";
+
+constexpr std::string_view zshSubcommand = R"(  esac
+  if (( $#subcommands )); then
+    if (( CURRENT == 1 )); then
+      _describe subcommand subcommands
+      return
+    fi
+    subcommand=$words[1]
+    shift words
+    (( CURRENT-- ))
+  fi
+  words=(hwctl $words)
+  (( CURRENT++ ))
+  case $command/$subcommand in
+)";
+
+std::string zshPair(std::string_view name, std::string_view meaning) {
+    return "'" + std::string(name) + ":" + zshText(meaning) + "'";
+}
+
+std::string zshTopicCase(const TopicSpec& topic) {
+    std::string out = "  " + std::string(topic.name) + ") subcommands=(";
+    for (const CommandSpec& command : commandsOf(topic.name))
+        if (!command.subcommand.empty())
+            out += "\n    " + zshPair(command.subcommand, command.summary);
+    return out + ") ;;\n";
+}
+
+// ---- fish ----
+
+std::string fishText(std::string_view text) {
+    std::string out;
+    for (const char c : text) {
+        if (c == '\'' || c == '\\')
+            out += '\\';
+        out += c;
+    }
+    return "'" + out + "'";
+}
+
+std::string fishValue(const Offer& offer) {
+    if (offer.kind == ValueKind::file)
+        return " -F";
+    if (offer.kind == ValueKind::directory)
+        return " -a '(__fish_complete_directories)'";
+    return offer.choices.empty() ? "" : " -a " + fishText(spaced(offer.choices));
+}
+
+std::string fishOption(const OptionSpec& option, std::string_view condition) {
+    std::string out = "complete -c hwctl";
+    if (!condition.empty())
+        out += " -n " + fishText(condition);
+    out += " -l " + std::string(option.name.substr(2));
+    if (option.arity == Arity::one || option.arity == Arity::two)
+        out += " -r";
+    if (option.arity != Arity::none)
+        out += fishValue(offerOf(option));
+    return out + " -d " + fishText(option.help) + "\n";
+}
+
+std::string fishCommand(const CommandSpec& command) {
+    const std::string topic = "__fish_seen_subcommand_from " + std::string(command.name);
+    std::string condition = topic;
+    std::string out;
+    if (!command.subcommand.empty()) {
+        out = "complete -c hwctl -n " +
+              fishText(topic + "; and not __fish_seen_subcommand_from " + subcommandWords(command.name)) + " -a " +
+              std::string(command.subcommand) + " -d " + fishText(command.summary) + "\n";
+        condition += "; and __fish_seen_subcommand_from " + std::string(command.subcommand);
+    }
+    for (const OptionSpec* option : optionsOf(command))
+        out += fishOption(*option, condition);
+    if (!command.arguments.empty())
+        if (const std::string value = fishValue(offerOf(command.arguments.front())); !value.empty())
+            out += "complete -c hwctl -n " + fishText(condition) + value + "\n";
+    return out;
+}
+
+std::string fishTopic(const TopicSpec& topic) {
+    return "complete -c hwctl -n __fish_use_subcommand -a " + std::string(topic.name) + " -d " +
+           fishText(topic.summary) + "\n";
+}
+
+} // namespace
+
+std::string bashCompletion() {
+    std::string out(bashHead);
+    for (const TopicSpec& topic : topics())
+        if (!commandsOf(topic.name).front().subcommand.empty())
+            out += bashTopicCase(topic);
+    std::string names;
+    for (const TopicSpec& topic : topics())
+        (names += names.empty() ? "" : " ") += topic.name;
+    out += "        /) words='" + names + "' ;;\n";
+    for (const CommandSpec& command : commands())
+        out += bashCommandCase(command);
+    out += "    esac\n    case $previous in\n" + bashValueCases(globalOptions().options, "        ") +
+           std::string(bashTail);
+    std::string skipped = withValue(globalOptions().options, "|");
+    fill(out, "@SKIPPED@", skipped);
+    fill(out, "@GLOBALS@", optionWords(globalOptions().options));
+    return out;
+}
+
+std::string zshCompletion() {
+    std::string out(zshHead);
+    out += "  globals=(";
+    for (const OptionSpec* option : globalOptions().options)
+        out += "\n    " + zshOption(*option);
+    out += ")\n  topics=(";
+    for (const TopicSpec& topic : topics())
+        out += "\n    " + zshPair(topic.name, topic.summary);
+    out += ")\n" + std::string(zshBody);
+    for (const TopicSpec& topic : topics())
+        out += zshTopicCase(topic);
+    out += zshSubcommand;
+    for (const CommandSpec& command : commands())
+        out += zshCommandCase(command);
+    return out + "  esac\n}\n_hwctl \"$@\"\n";
+}
+
+std::string fishCompletion() {
+    std::string out = "# Completion of hwctl for fish; made from its command table.\ncomplete -c hwctl -f\n";
+    for (const OptionSpec* option : globalOptions().options)
+        out += fishOption(*option, "");
+    for (const TopicSpec& topic : topics())
+        out += fishTopic(topic);
+    for (const CommandSpec& command : commands())
+        out += fishCommand(command);
+    return out;
+}
+
+} // namespace hourwright::cli

@@ -1,0 +1,108 @@
+#include "app/settings_rules.h"
+#include "cli/entry_fields.h"
+#include "cli/entry_records.h"
+#include "cli/handlers.h"
+#include "store/save.h"
+
+namespace hourwright::cli {
+
+namespace {
+
+using billing::EntryDraft;
+using store::TimeEntry;
+
+// What a new entry is before anything is typed.
+TimeEntry newEntry(const app::AppSettings& settings) {
+    TimeEntry entry;
+    if (settings.styleFlags.has(app::StyleFlag::billable))
+        entry.status = store::EntryStatus::billable;
+    entry.currency = settings.defaultCurrency.text();
+    return entry;
+}
+
+// Checks the draft and takes it over into the entry.
+ExitCode apply(Session& session, const EntryDraft& draft, TimeEntry& entry) {
+    if (const auto refusal = billing::applyDraft(draft, app::timeRules(session.settings()), entry))
+        return showRefusal(session, *refusal);
+    entry.modified = session.clock().now();
+    return ExitCode::done;
+}
+
+ExitCode save(Session& session, store::Stores& stores, platform::Transaction& transaction, TimeEntry& entry) {
+    return store::saveTimeEntry(transaction, stores, entry) && transaction.commit() ? ExitCode::done
+                                                                                    : session.failWrite();
+}
+
+ExitCode endNeedsStart(Session& session) {
+    return session.misuse("--end needs a start time: give --start");
+}
+
+} // namespace
+
+ExitCode entryAdd(Session& session, const Arguments& arguments) {
+    if (arguments.has(option::end) && arguments.value(option::start).value_or("").empty())
+        return endNeedsStart(session);
+    EntryDraft draft;
+    draft.duration = u""; // a new entry must be given one
+    if (const auto failure = readEntryFields(session, arguments, draft))
+        return *failure;
+    if (!draft.date)
+        draft.date = session.clock().localTime();
+    TimeEntry entry = newEntry(session.settings());
+    if (const ExitCode applied = apply(session, draft, entry); applied != ExitCode::done)
+        return applied;
+    store::Stores* const stores = session.stores();
+    if (!stores)
+        return ExitCode::refused;
+    const auto transaction = stores->objects().begin();
+    const ExitCode saved = transaction ? save(session, *stores, *transaction, entry) : session.failWrite();
+    if (saved == ExitCode::done)
+        session.out().writeLine(std::to_string(static_cast<std::uint32_t>(entry.id)));
+    return saved;
+}
+
+ExitCode entryEdit(Session& session, const Arguments& arguments) {
+    EntryDraft draft;
+    if (const auto failure = readEntryFields(session, arguments, draft))
+        return *failure;
+    store::Stores* const stores = session.stores();
+    if (!stores)
+        return ExitCode::refused;
+    const auto transaction = stores->objects().begin();
+    if (!transaction)
+        return session.failWrite();
+    TimeEntry entry;
+    if (!readEntry(session, *stores, recordIdOf(arguments.positionals().front()), entry))
+        return ExitCode::refused;
+    if (draft.end && !draft.start && (draft.withoutStart || !store::hasStart(entry)))
+        return endNeedsStart(session);
+    const ExitCode applied = apply(session, draft, entry);
+    return applied == ExitCode::done ? save(session, *stores, *transaction, entry) : applied;
+}
+
+ExitCode entryDelete(Session& session, const Arguments& arguments) {
+    return forEachEntry(session, arguments, [&](platform::Transaction& transaction, store::Stores& stores, TimeEntry&) {
+        return stores.entries().deleteCurrent(transaction);
+    });
+}
+
+ExitCode entryToggleBilled(Session& session, const Arguments& arguments) {
+    return changeEntries(session, arguments, [](TimeEntry& entry) { store::toggleBilled(entry); });
+}
+
+ExitCode entryPay(Session& session, const Arguments& arguments) {
+    platform::FileTime paidDate = session.clock().now();
+    if (const auto text = arguments.value(option::paidDate).value_or(""); !text.empty()) {
+        const auto given = paidDateOf(session, text);
+        if (!given)
+            return ExitCode::refused;
+        paidDate = *given;
+    }
+    return changeEntries(session, arguments, [paidDate](TimeEntry& entry) { store::markPaid(entry, paidDate); });
+}
+
+ExitCode entryUnpay(Session& session, const Arguments& arguments) {
+    return changeEntries(session, arguments, [](TimeEntry& entry) { store::markUnpaid(entry); });
+}
+
+} // namespace hourwright::cli

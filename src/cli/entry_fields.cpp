@@ -1,0 +1,127 @@
+#include "cli/entry_fields.h"
+
+#include "cli/date_text.h"
+#include "cli/note_argument.h"
+#include "platform/utf.h"
+
+#include <array>
+
+namespace hourwright::cli {
+
+namespace {
+
+using billing::DraftField;
+using billing::EntryDraft;
+
+using Failure = std::optional<ExitCode>;
+
+struct TextOption {
+    const OptionSpec* option;
+    std::optional<std::u16string> EntryDraft::*field;
+};
+
+constexpr std::array textOptions{
+    TextOption{&option::client, &EntryDraft::client},     TextOption{&option::project, &EntryDraft::project},
+    TextOption{&option::phase, &EntryDraft::phase},       TextOption{&option::task, &EntryDraft::task},
+    TextOption{&option::duration, &EntryDraft::duration}, TextOption{&option::breakTime, &EntryDraft::breakTime},
+    TextOption{&option::billTo, &EntryDraft::billTo},     TextOption{&option::rate, &EntryDraft::rate},
+    TextOption{&option::currency, &EntryDraft::currency}, TextOption{&option::custom1, &EntryDraft::custom1},
+    TextOption{&option::custom2, &EntryDraft::custom2},   TextOption{&option::custom3, &EntryDraft::custom3},
+};
+
+struct FieldOption {
+    DraftField field;
+    const OptionSpec* option;
+};
+
+constexpr std::array fieldOptions{
+    FieldOption{DraftField::date, &option::date},         FieldOption{DraftField::start, &option::start},
+    FieldOption{DraftField::client, &option::client},     FieldOption{DraftField::project, &option::project},
+    FieldOption{DraftField::phase, &option::phase},       FieldOption{DraftField::task, &option::task},
+    FieldOption{DraftField::duration, &option::duration}, FieldOption{DraftField::breakTime, &option::breakTime},
+    FieldOption{DraftField::end, &option::end},           FieldOption{DraftField::status, &option::status},
+    FieldOption{DraftField::billTo, &option::billTo},     FieldOption{DraftField::rate, &option::rate},
+    FieldOption{DraftField::rateType, &option::rateType}, FieldOption{DraftField::currency, &option::currency},
+    FieldOption{DraftField::custom1, &option::custom1},   FieldOption{DraftField::custom2, &option::custom2},
+    FieldOption{DraftField::custom3, &option::custom3},   FieldOption{DraftField::paidDate, &option::paidDate},
+    FieldOption{DraftField::note, &option::note},
+};
+
+std::string_view optionName(DraftField field) {
+    for (const FieldOption& row : fieldOptions)
+        if (row.field == field)
+            return row.option->name;
+    return "";
+}
+
+void readTexts(const Arguments& arguments, EntryDraft& draft) {
+    for (const TextOption& text : textOptions)
+        if (const auto value = arguments.value(*text.option))
+            draft.*text.field = platform::toUtf16(*value);
+}
+
+void readChoices(const Arguments& arguments, EntryDraft& draft) {
+    if (const auto status = arguments.value(option::status))
+        draft.status = store::EntryStatus{choiceOf(*status, option::statusChoices)};
+    if (const auto type = arguments.value(option::rateType))
+        draft.rateType = store::RateType{choiceOf(*type, option::rateTypeChoices)};
+}
+
+void readTimes(const Arguments& arguments, EntryDraft& draft) {
+    draft.start = parseTime(arguments.value(option::start).value_or(""));
+    draft.withoutStart = arguments.has(option::noStart) || (arguments.has(option::start) && !draft.start);
+    draft.end = parseTime(arguments.value(option::end).value_or(""));
+}
+
+Failure readDates(Session& session, const Arguments& arguments, EntryDraft& draft) {
+    if (const auto date = arguments.value(option::date)) {
+        draft.date = session.day(*date);
+        if (!draft.date)
+            return ExitCode::refused;
+    }
+    if (const auto date = arguments.value(option::paidDate)) {
+        draft.paidDate = paidDateOf(session, *date);
+        if (!draft.paidDate)
+            return ExitCode::refused;
+    }
+    return {};
+}
+
+Failure readNote(Session& session, const Arguments& arguments, EntryDraft& draft) {
+    if (const auto text = arguments.value(option::note))
+        draft.note = noteOfText(platform::toUtf16(*text));
+    if (const auto file = arguments.value(option::noteFile)) {
+        draft.note = noteOfFile(std::string(*file));
+        if (!draft.note)
+            return session.fail(platform::PlatformError::fileNotFound,
+                                "The note file '" + std::string(*file) + "' cannot be read.");
+    }
+    return {};
+}
+
+} // namespace
+
+std::optional<platform::FileTime> paidDateOf(Session& session, std::string_view date) {
+    if (date.empty())
+        return platform::FileTime{};
+    const auto day = session.day(date);
+    return day ? platform::toFileTime(*day) : std::nullopt;
+}
+
+std::optional<ExitCode> readEntryFields(Session& session, const Arguments& arguments, EntryDraft& draft) {
+    readTexts(arguments, draft);
+    readChoices(arguments, draft);
+    readTimes(arguments, draft);
+    if (const Failure failure = readDates(session, arguments, draft))
+        return failure;
+    return readNote(session, arguments, draft);
+}
+
+ExitCode showRefusal(Session& session, const billing::DraftRefusal& refusal) {
+    if (refusal.error == platform::PlatformError::none)
+        return session.refuse(refusal.message);
+    return session.fail(refusal.error,
+                        "The entry cannot hold the value of " + std::string(optionName(refusal.field)) + ".");
+}
+
+} // namespace hourwright::cli

@@ -1,0 +1,100 @@
+#include "cli/entry_output.h"
+
+#include "app/entry_columns.h"
+#include "billing/amount.h"
+#include "billing/duration.h"
+#include "cli/date_text.h"
+#include "cli/display_width.h"
+#include "platform/utf.h"
+#include "resources/strings.h"
+
+namespace hourwright::cli {
+
+namespace {
+
+using platform::FileTime;
+using platform::SystemTime;
+using resources::StringId;
+using store::TimeEntry;
+
+using TimeFormat = std::string (*)(const SystemTime&);
+
+void writeTime(JsonWriter& json, std::string_view name, const std::optional<SystemTime>& time, TimeFormat format) {
+    json.key(name);
+    if (time)
+        json.value(std::string_view(format(*time)));
+    else
+        json.null();
+}
+
+std::optional<SystemTime> unlessZero(FileTime time) {
+    return time == FileTime{} ? std::nullopt : platform::toSystemTime(time);
+}
+
+std::string statusText(store::EntryStatus status) {
+    if (status > store::EntryStatus::paid)
+        return std::to_string(static_cast<unsigned>(status));
+    const auto id = resources::number(StringId::statusNonBillable) + static_cast<unsigned>(status);
+    return cellText(resources::string(static_cast<StringId>(id)));
+}
+
+} // namespace
+
+void EntryOutput::writeJson(JsonWriter& json, const TimeEntry& entry) {
+    json.beginObject().member("id", static_cast<std::uint32_t>(entry.id));
+    writeTimes(json, entry);
+    json.member("client", entry.client).member("project", entry.project);
+    json.member("phase", entry.phase).member("task", entry.task);
+    writeBilling(json, entry);
+    json.member("bill_to", entry.billTo).member("custom1", entry.custom1);
+    json.member("custom2", entry.custom2).member("custom3", entry.custom3);
+    json.member("note", noteText(entry));
+    writeTime(json, "paid_date", unlessZero(entry.paidDate), dateText);
+    writeTime(json, "modified", platform::toSystemTime(entry.modified), dateTimeText);
+    json.member("flags", entry.flags).endObject();
+}
+
+void EntryOutput::writeTimes(JsonWriter& json, const TimeEntry& entry) const {
+    const auto date = platform::toSystemTime(entry.date);
+    std::optional<SystemTime> start;
+    std::optional<SystemTime> end;
+    if (date && store::hasStart(entry)) {
+        start = date;
+        end = billing::endTime(*date, entry);
+    }
+    writeTime(json, "date", date, dateText);
+    writeTime(json, "start", start, timeText);
+    writeTime(json, "end", end, timeText);
+}
+
+void EntryOutput::writeBilling(JsonWriter& json, const TimeEntry& entry) const {
+    json.member("duration_hundredths", entry.duration).member("break_hundredths", entry.breakTime);
+    json.member("hours", billing::hoursOf(entry)).member("status", static_cast<std::uint16_t>(entry.status));
+    json.member("currency", entry.currency).member("rate_hundredths", entry.rate);
+    json.member("rate_type", static_cast<std::uint16_t>(entry.rateType));
+    json.member("amount", billing::amountOf(entry, rules_));
+}
+
+std::vector<std::string> EntryOutput::cells(const TimeEntry& entry, const platform::Locale& locale) const {
+    std::vector<std::string> cells{std::to_string(static_cast<std::uint32_t>(entry.id)), statusText(entry.status)};
+    for (std::size_t column = 0; column < app::entryColumns().size(); ++column)
+        cells.push_back(cellText(app::cellText(entry, column, locale, rules_)));
+    return cells;
+}
+
+std::u16string EntryOutput::noteText(const TimeEntry& entry) {
+    if (entry.note.empty())
+        return {};
+    std::u16string text(notes_.convert(entry.note));
+    std::erase(text, u'\r');
+    return text;
+}
+
+std::vector<CellTitle> entryCellTitles() {
+    std::vector<CellTitle> titles{{"ID", true}, {cellText(resources::string(StringId::columnStatus))}};
+    for (const app::EntryColumn& column : app::entryColumns())
+        titles.push_back({cellText(resources::string(column.title)), column.alignRight});
+    return titles;
+}
+
+} // namespace hourwright::cli

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "cli/command_table.h"
+
+/// The commands' own code, one function a row of the command table and one source file a topic.
+namespace hourwright::cli {
+
+ExitCode entryAdd(Session& session, const Arguments& arguments);
+ExitCode entryEdit(Session& session, const Arguments& arguments);
+ExitCode entryShow(Session& session, const Arguments& arguments);
+ExitCode entryList(Session& session, const Arguments& arguments);
+ExitCode entryDelete(Session& session, const Arguments& arguments);
+ExitCode entryToggleBilled(Session& session, const Arguments& arguments);
+ExitCode entryPay(Session& session, const Arguments& arguments);
+ExitCode entryUnpay(Session& session, const Arguments& arguments);
+
+ExitCode periodDay(Session& session, const Arguments& arguments);
+ExitCode periodWeek(Session& session, const Arguments& arguments);
+ExitCode periodMonth(Session& session, const Arguments& arguments);
+ExitCode periodCustom(Session& session, const Arguments& arguments);
+
+ExitCode picklistShow(Session& session, const Arguments& arguments);
+
+ExitCode settingsList(Session& session, const Arguments& arguments);
+ExitCode settingsGet(Session& session, const Arguments& arguments);
+ExitCode settingsSet(Session& session, const Arguments& arguments);
+
+ExitCode registryDump(Session& session, const Arguments& arguments);
+ExitCode registryGet(Session& session, const Arguments& arguments);
+ExitCode registrySet(Session& session, const Arguments& arguments);
+ExitCode registryDelete(Session& session, const Arguments& arguments);
+ExitCode registryDeleteKey(Session& session, const Arguments& arguments);
+
+ExitCode exportCsv(Session& session, const Arguments& arguments);
+
+ExitCode storeDatabases(Session& session, const Arguments& arguments);
+ExitCode storeDump(Session& session, const Arguments& arguments);
+ExitCode storeWrite(Session& session, const Arguments& arguments);
+ExitCode storeDelete(Session& session, const Arguments& arguments);
+ExitCode storeCheck(Session& session, const Arguments& arguments);
+
+ExitCode demo(Session& session, const Arguments& arguments);
+
+} // namespace hourwright::cli

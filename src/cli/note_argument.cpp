@@ -1,0 +1,60 @@
+#include "cli/note_argument.h"
+
+#include "exchange/note_document.h"
+#include "platform/utf.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace hourwright::cli {
+
+namespace {
+
+constexpr std::string_view rtfSignature = "{\\rtf";
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+// More than any note that is accepted, so that a huge file is not read to its end.
+constexpr std::streamsize readLimit = 1 << 20;
+
+std::optional<std::string> readFile(const std::filesystem::path& path) {
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error))
+        return std::nullopt;
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        return std::nullopt;
+    std::string bytes(static_cast<std::size_t>(readLimit), '\0');
+    file.read(bytes.data(), readLimit);
+    if (file.bad())
+        return std::nullopt;
+    bytes.resize(static_cast<std::size_t>(file.gcount()));
+    return bytes;
+}
+
+billing::NoteDraft noteOfRtf(std::string_view rtf) {
+    const auto bytes = std::as_bytes(std::span(rtf));
+    return {.blob = {bytes.begin(), bytes.end()}, .characters = rtf.size()};
+}
+
+} // namespace
+
+billing::NoteDraft noteOfText(std::u16string_view text) {
+    text = text.substr(0, text.find(u'\0'));
+    if (text.empty())
+        return {};
+    return {.blob = exchange::writeNote(exchange::fromPlainText(text)), .characters = text.size()};
+}
+
+std::optional<billing::NoteDraft> noteOfFile(const std::filesystem::path& path) {
+    const auto bytes = readFile(path);
+    if (!bytes)
+        return std::nullopt;
+    std::string_view text = *bytes;
+    if (text.starts_with(rtfSignature))
+        return noteOfRtf(text);
+    if (text.starts_with(byteOrderMark))
+        text.remove_prefix(byteOrderMark.size());
+    return noteOfText(platform::toUtf16(text));
+}
+
+} // namespace hourwright::cli

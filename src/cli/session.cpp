@@ -1,0 +1,161 @@
+#include "cli/session.h"
+
+#include "cli/date_text.h"
+#include "cli/help.h"
+#include "platform/icu/icu_locale.h"
+#include "platform/locale_names.h"
+#include "platform/posix/flock_mutex.h"
+#include "platform/posix/system_clock.h"
+#include "platform/sqlite/sqlite_object_store.h"
+#include "platform/sqlite/sqlite_registry.h"
+#include "platform/utf.h"
+
+#include <array>
+
+namespace hourwright::cli {
+
+namespace {
+
+// A locale of the environment; one that does not exist counts as none.
+std::unique_ptr<platform::Locale> makeLocale(const std::string& name) {
+    auto locale = platform::makeIcuLocale(name);
+    return locale ? std::move(locale) : platform::makeIcuLocale("C");
+}
+
+} // namespace
+
+Session::Session(const CommandLine& line, Environment& environment, Output& out)
+    : line_(line), environment_(environment), out_(out), clock_(&environment.clock) {}
+
+Session::~Session() = default;
+
+ExitCode Session::prepare() {
+    if (const auto now = line_.arguments.value(option::now)) {
+        fixedClock_ = std::make_unique<platform::FixedClock>(parseDateTime(*now).value_or(platform::SystemTime{}));
+        clock_ = fixedClock_.get();
+    }
+    const auto locale = line_.arguments.value(option::locale);
+    if (locale && !platform::makeIcuLocale(*locale))
+        return misuse("unknown locale '" + std::string(*locale) + "'");
+    return ExitCode::done;
+}
+
+const platform::Directories& Session::directories() {
+    if (!directories_) {
+        const auto home = line_.arguments.value(option::home);
+        directories_ = platform::userDirectories(std::string(home.value_or("")), environment_.variable);
+    }
+    return *directories_;
+}
+
+platform::MessageBox& Session::messages() {
+    if (!messages_)
+        messages_ = environment_.makeMessageBox(line_.arguments.has(option::yes));
+    return *messages_;
+}
+
+platform::Registry& Session::registry() {
+    if (!registry_) {
+        static_cast<void>(platform::makeDirectories(directories())); // a failure shows when the file is opened
+        registry_ = platform::openSqliteRegistry(directories().settingsFile());
+    }
+    return *registry_;
+}
+
+app::SettingsDevice Session::settingsDevice() {
+    app::SettingsDevice device;
+    if (const auto major = line_.arguments.value(option::osMajor))
+        device.osMajorVersion = numberOf(*major);
+    device.personalFolder = platform::toUtf16(platform::documentsDirectory(environment_.variable).string());
+    return device;
+}
+
+app::AppSettings& Session::settings() {
+    if (!settings_)
+        settings_ = app::AppSettings::load(registry(), settingsDevice());
+    return *settings_;
+}
+
+const platform::Locales& Session::locales() {
+    if (!locales_) {
+        std::optional<std::string> value; // keeps the text of the last variable looked up
+        const auto lookUp = [&](const char* name) {
+            value = environment_.variable(name);
+            return value ? value->c_str() : nullptr;
+        };
+        const auto given = line_.arguments.value(option::locale);
+        const std::string user = given ? std::string(*given) : platform::userLocaleName(lookUp);
+        const std::string system = given ? user : platform::systemLocaleName(lookUp);
+        locales_ = std::make_unique<platform::Locales>(makeLocale(user), makeLocale(system));
+    }
+    return *locales_;
+}
+
+platform::ObjectStore* Session::objects() {
+    if (!objects_)
+        openObjects();
+    return objects_.get();
+}
+
+void Session::openObjects() {
+    static_cast<void>(platform::makeDirectories(directories())); // a failure shows when the file is opened
+    auto opened = platform::openSqliteObjectStore(directories().recordsFile());
+    objects_ = std::move(opened.store);
+    if (!objects_)
+        refuse(resources::StringId::databaseNotOpened, opened.reason);
+}
+
+store::Stores* Session::stores() {
+    if (!stores_ && objects())
+        openStores();
+    return stores_.get();
+}
+
+void Session::openStores() {
+    clientIdMutex_ = platform::makeNamedMutex(directories().runtime, store::clientIdMutexName);
+    auto stores = std::make_unique<store::Stores>(*objects_, *clientIdMutex_, registry());
+    if (stores->open())
+        stores_ = std::move(stores);
+    else
+        refuse(resources::StringId::databaseNotOpened,
+               "platform error " + std::to_string(platform::number(objects_->lastError())));
+}
+
+std::optional<platform::SystemTime> Session::day(std::string_view date) {
+    const auto parsed = parseDate(date);
+    const auto day = parsed ? resolveDate(*parsed, clock_->localTime()) : std::nullopt;
+    if (!day)
+        fail(platform::PlatformError::invalidParameter,
+             "The date '" + std::string(date) + "' is not in the years 1601 to 30827.");
+    return day;
+}
+
+void Session::addReason(std::string_view reason) {
+    if (!reason.empty())
+        environment_.writeError(std::string(reason) + '\n');
+}
+
+ExitCode Session::refuse(resources::StringId message, std::string_view reason) {
+    messages().showCheck(message);
+    addReason(reason);
+    return ExitCode::refused;
+}
+
+ExitCode Session::fail(platform::PlatformError error, std::string_view reason) {
+    messages().showError(platform::number(error));
+    addReason(reason);
+    return ExitCode::refused;
+}
+
+ExitCode Session::failWrite() {
+    return fail(stores_ ? stores_->entries().lastError() : objects_->lastError());
+}
+
+ExitCode Session::misuse(std::string reason) {
+    CommandLine line = line_;
+    line.error = std::move(reason);
+    environment_.writeError(usageError(line));
+    return ExitCode::usage;
+}
+
+} // namespace hourwright::cli

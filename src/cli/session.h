@@ -1,0 +1,85 @@
+#pragma once
+
+#include "app/app_settings.h"
+#include "billing/entry_draft.h"
+#include "cli/arguments.h"
+#include "cli/environment.h"
+#include "cli/output.h"
+#include "platform/clock.h"
+#include "platform/locale.h"
+#include "platform/named_mutex.h"
+#include "platform/object_store.h"
+#include "platform/registry.h"
+#include "store/stores.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace hourwright::cli {
+
+/// What one command works with. Settings, stores and locale are opened when they are first asked for, so that a
+/// command pays only for what it uses. Functions that open something show the message themselves when that fails and
+/// return null; the command then ends as refused.
+class Session {
+public:
+    /// Borrows everything. The global options of the line have been checked with `prepare`.
+    Session(const CommandLine& line, Environment& environment, Output& out);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    /// Takes over the global options; wrong usage is shown and returned.
+    [[nodiscard]] ExitCode prepare();
+
+    [[nodiscard]] Output& out() { return out_; }
+    [[nodiscard]] bool json() const { return line_.arguments.has(option::json); }
+    [[nodiscard]] const platform::Clock& clock() const { return *clock_; }
+    [[nodiscard]] platform::Files& files() { return environment_.files; }
+
+    [[nodiscard]] platform::Registry& registry();
+    [[nodiscard]] app::AppSettings& settings();
+    [[nodiscard]] const platform::Locales& locales();
+
+    /// The volume; null when it cannot be opened.
+    [[nodiscard]] platform::ObjectStore* objects();
+    /// The program's record stores on it, made when missing; null when they cannot be opened.
+    [[nodiscard]] store::Stores* stores();
+
+    /// The day that an accepted date means, at 00:00. Nothing, with the message shown, when it cannot be stored.
+    [[nodiscard]] std::optional<platform::SystemTime> day(std::string_view date);
+
+    /// Shows a message of the string table, and below it what there is to add.
+    ExitCode refuse(resources::StringId message, std::string_view reason = {});
+    /// Shows "Error: %d".
+    ExitCode fail(platform::PlatformError error, std::string_view reason = {});
+    /// Shows "Error: %d" with the last error of the entries or the volume.
+    ExitCode failWrite();
+    /// Shows that the command line is wrong, for what only the command can find out.
+    ExitCode misuse(std::string reason);
+
+private:
+    [[nodiscard]] const platform::Directories& directories();
+    [[nodiscard]] platform::MessageBox& messages();
+    [[nodiscard]] app::SettingsDevice settingsDevice();
+    void addReason(std::string_view reason);
+    void openObjects();
+    void openStores();
+
+    const CommandLine& line_;
+    Environment& environment_;
+    Output& out_;
+    std::unique_ptr<platform::Clock> fixedClock_;
+    const platform::Clock* clock_;
+    std::unique_ptr<platform::MessageBox> messages_;
+    std::optional<platform::Directories> directories_;
+    std::unique_ptr<platform::Registry> registry_;
+    std::optional<app::AppSettings> settings_;
+    std::unique_ptr<platform::Locales> locales_;
+    std::unique_ptr<platform::ObjectStore> objects_;
+    std::unique_ptr<platform::NamedMutex> clientIdMutex_;
+    std::unique_ptr<store::Stores> stores_;
+};
+
+} // namespace hourwright::cli
