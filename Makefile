@@ -39,7 +39,7 @@ bench: setup
 
 install: setup
 	$(call configure,release)
-	$(call build,release) --target hwctl
+	$(call build,release) --target hwctl pages
 	DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(PREFIX)"
 
 asan: setup
