@@ -1,6 +1,7 @@
 #include "cli/arguments.h"
 
 #include "cli/date_text.h"
+#include "cli/joined.h"
 
 #include <algorithm>
 #include <charconv>
@@ -91,7 +92,7 @@ private:
         if (line_.topic.empty()) {
             const auto found = commandsOf(word);
             if (found.empty())
-                return fail("unknown command '" + std::string(word) + "'");
+                return fail(joined({"unknown command '", word, "'"}));
             line_.topic = found.front().name;
             if (found.front().subcommand.empty())
                 line_.command = &found.front();
@@ -100,7 +101,7 @@ private:
         const auto subcommands = commandsOf(line_.topic);
         const auto found = std::ranges::find(subcommands, word, &CommandSpec::subcommand);
         if (found == subcommands.end())
-            return fail("unknown subcommand '" + std::string(word) + "'");
+            return fail(joined({"unknown subcommand '", word, "'"}));
         line_.command = &*found;
     }
 
@@ -111,7 +112,7 @@ private:
                                    : !specs.empty() && specs.back().repeated ? &specs.back()
                                                                              : nullptr;
         if (!spec)
-            return fail("unexpected argument '" + std::string(word) + "'");
+            return fail(joined({"unexpected argument '", word, "'"}));
         if (!fits(spec->kind, spec->choices, word))
             return failValue(word, spec->name, spec->kind, spec->choices);
         line_.arguments.addPositional(word);
@@ -121,9 +122,9 @@ private:
         const auto equals = word.find('=');
         const OptionSpec* option = findOption(line_.command, word.substr(0, equals));
         if (!option)
-            return fail("unknown option '" + std::string(word) + "'");
+            return fail(joined({"unknown option '", word, "'"}));
         if (const OptionSpec* rival = line_.arguments.rivalOf(*option))
-            return fail(std::string(rival->name) + " and " + std::string(option->name) + " exclude each other");
+            return fail(joined({rival->name, " and ", option->name, " exclude each other"}));
         std::vector<std::string_view> values;
         if (equals != std::string_view::npos)
             values.push_back(word.substr(equals + 1));
@@ -135,21 +136,21 @@ private:
     void takeValues(const OptionSpec& option, std::vector<std::string_view>& values) {
         const std::size_t wanted = option.arity == Arity::two ? 2 : option.arity == Arity::one ? 1 : 0;
         if (option.arity == Arity::none && !values.empty())
-            return fail(std::string(option.name) + " takes no value");
+            return fail(joined({option.name, " takes no value"}));
         if (option.arity == Arity::optional && values.empty() && next_ < words_.size() &&
             fits(option.kind, option.choices, words_[next_]))
             values.push_back(words_[next_++]);
         while (values.size() < wanted && next_ < words_.size())
             values.push_back(words_[next_++]);
         if (values.size() < wanted)
-            return fail(std::string(option.name) + " needs " + std::string(option.value));
+            return fail(joined({option.name, " needs ", option.value}));
         for (const std::string_view value : values)
             if (!(option.clearable && value.empty()) && !fits(option.kind, option.choices, value))
                 return failValue(value, option.name, option.kind, option.choices);
     }
 
     void failValue(std::string_view value, std::string_view place, ValueKind kind, std::string_view choices) {
-        std::string reason = "'" + std::string(value) + "' will not do for " + std::string(place) + ": ";
+        std::string reason = joined({"'", value, "' will not do for ", place, ": "});
         switch (kind) {
         case ValueKind::date: reason += "a date is YYYY-MM-DD, today, yesterday, tomorrow, +N or -N"; break;
         case ValueKind::time: reason += "a time is HH:MM"; break;
@@ -176,7 +177,7 @@ private:
         const auto specs = line_.command->arguments;
         const std::size_t given = line_.arguments.positionals().size();
         if (given < specs.size() && specs[given].required)
-            fail("missing " + std::string(specs[given].name));
+            fail(joined({"missing ", specs[given].name}));
     }
 
     std::span<const std::string_view> words_;

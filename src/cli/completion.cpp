@@ -2,6 +2,7 @@
 
 #include "cli/command_table.h"
 #include "cli/help.h"
+#include "cli/joined.h"
 
 #include <algorithm>
 #include <vector>
@@ -60,31 +61,30 @@ std::string bashOffer(const Offer& offer) {
         return "offer=files";
     if (offer.kind == ValueKind::directory)
         return "offer=directories";
-    return "words='" + spaced(offer.choices) + "'";
+    return joined({"words='", spaced(offer.choices), "'"});
 }
 
 std::string bashValueCases(std::span<const OptionSpec* const> options, std::string_view indent) {
     std::string out;
     for (const OptionSpec* option : options)
         if (option->arity != Arity::none)
-            out +=
-                std::string(indent) + std::string(option->name) + ") value=1 " + bashOffer(offerOf(*option)) + " ;;\n";
+            out += joined({indent, option->name, ") value=1 ", bashOffer(offerOf(*option)), " ;;\n"});
     return out;
 }
 
 std::string bashCommandCase(const CommandSpec& command) {
     const auto options = optionsOf(command);
-    std::string out = "        " + std::string(command.name) + "/" + std::string(command.subcommand) + ")\n";
-    out += "            options='" + optionWords(options) + "'\n";
+    std::string out = joined({"        ", command.name, "/", command.subcommand, ")\n"});
+    out += joined({"            options='", optionWords(options), "'\n"});
     if (!command.arguments.empty())
-        out += "            " + bashOffer(offerOf(command.arguments.front())) + "\n";
+        out += joined({"            ", bashOffer(offerOf(command.arguments.front())), "\n"});
     if (const std::string cases = bashValueCases(options, "                "); !cases.empty())
-        out += "            case $previous in\n" + cases + "            esac\n";
-    return out + "            ;;\n";
+        out += joined({"            case $previous in\n", cases, "            esac\n"});
+    return joined({out, "            ;;\n"});
 }
 
 std::string bashTopicCase(const TopicSpec& topic) {
-    return "        " + std::string(topic.name) + "/) words='" + subcommandWords(topic.name) + "' ;;\n";
+    return joined({"        ", topic.name, "/) words='", subcommandWords(topic.name), "' ;;\n"});
 }
 
 constexpr std::string_view bashHead = R"(# Completion of hwctl for bash; made from its command table.
@@ -150,35 +150,34 @@ std::string zshAction(const Offer& offer) {
         return "_files";
     if (offer.kind == ValueKind::directory)
         return "_files -/";
-    return offer.choices.empty() ? " " : "(" + spaced(offer.choices) + ")";
+    return offer.choices.empty() ? " " : joined({"(", spaced(offer.choices), ")"});
 }
 
 std::string zshOption(const OptionSpec& option) {
-    std::string out = "'" + std::string(option.name) + "[" + zshText(option.help) + "]";
-    const std::string value = zshText(option.value) + ":" + zshAction(offerOf(option));
+    std::string out = joined({"'", option.name, "[", zshText(option.help), "]"});
+    const std::string value = joined({zshText(option.value), ":", zshAction(offerOf(option))});
     switch (option.arity) {
     case Arity::none: break;
-    case Arity::optional: out += "::" + value; break;
-    case Arity::one: out += ":" + value; break;
-    case Arity::two: out += ":" + value + ":" + value; break;
+    case Arity::optional: out += joined({"::", value}); break;
+    case Arity::one: out += joined({":", value}); break;
+    case Arity::two: out += joined({":", value, ":", value}); break;
     }
-    return out + "'";
+    return joined({out, "'"});
 }
 
 std::string zshArgument(const ArgumentSpec& argument) {
     const std::string_view colons = argument.required ? ":" : "::";
     const std::string place = argument.repeated ? "*:" : std::string(colons);
-    return "'" + place + zshText(argument.name) + ":" + zshAction(offerOf(argument)) + "'";
+    return joined({"'", place, zshText(argument.name), ":", zshAction(offerOf(argument)), "'"});
 }
 
 std::string zshCommandCase(const CommandSpec& command) {
-    std::string out =
-        "  " + std::string(command.name) + "/" + std::string(command.subcommand) + ")\n    _arguments $globals";
+    std::string out = joined({"  ", command.name, "/", command.subcommand, ")\n    _arguments $globals"});
     for (const OptionSpec* option : optionsOf(command))
-        out += " \\\n      " + zshOption(*option);
+        out += joined({" \\\n      ", zshOption(*option)});
     for (const ArgumentSpec& argument : command.arguments)
-        out += " \\\n      " + zshArgument(argument);
-    return out + "\n    ;;\n";
+        out += joined({" \\\n      ", zshArgument(argument)});
+    return joined({out, "\n    ;;\n"});
 }
 
 constexpr std::string_view zshHead = R"(#compdef hwctl
@@ -213,15 +212,15 @@ constexpr std::string_view zshSubcommand = R"(  esac
 )";
 
 std::string zshPair(std::string_view name, std::string_view meaning) {
-    return "'" + std::string(name) + ":" + zshText(meaning) + "'";
+    return joined({"'", name, ":", zshText(meaning), "'"});
 }
 
 std::string zshTopicCase(const TopicSpec& topic) {
-    std::string out = "  " + std::string(topic.name) + ") subcommands=(";
+    std::string out = joined({"  ", topic.name, ") subcommands=("});
     for (const CommandSpec& command : commandsOf(topic.name))
         if (!command.subcommand.empty())
-            out += "\n    " + zshPair(command.subcommand, command.summary);
-    return out + ") ;;\n";
+            out += joined({"\n    ", zshPair(command.subcommand, command.summary)});
+    return joined({out, ") ;;\n"});
 }
 
 // ---- fish ----
@@ -233,7 +232,7 @@ std::string fishText(std::string_view text) {
             out += '\\';
         out += c;
     }
-    return "'" + out + "'";
+    return joined({"'", out, "'"});
 }
 
 std::string fishValue(const Offer& offer) {
@@ -241,42 +240,43 @@ std::string fishValue(const Offer& offer) {
         return " -F";
     if (offer.kind == ValueKind::directory)
         return " -a '(__fish_complete_directories)'";
-    return offer.choices.empty() ? "" : " -a " + fishText(spaced(offer.choices));
+    return offer.choices.empty() ? "" : joined({" -a ", fishText(spaced(offer.choices))});
 }
 
 std::string fishOption(const OptionSpec& option, std::string_view condition) {
     std::string out = "complete -c hwctl";
     if (!condition.empty())
-        out += " -n " + fishText(condition);
-    out += " -l " + std::string(option.name.substr(2));
+        out += joined({" -n ", fishText(condition)});
+    out += joined({" -l ", option.name.substr(2)});
     if (option.arity == Arity::one || option.arity == Arity::two)
         out += " -r";
     if (option.arity != Arity::none)
         out += fishValue(offerOf(option));
-    return out + " -d " + fishText(option.help) + "\n";
+    return joined({out, " -d ", fishText(option.help), "\n"});
 }
 
 std::string fishCommand(const CommandSpec& command) {
-    const std::string topic = "__fish_seen_subcommand_from " + std::string(command.name);
+    const std::string topic = joined({"__fish_seen_subcommand_from ", command.name});
     std::string condition = topic;
     std::string out;
     if (!command.subcommand.empty()) {
-        out = "complete -c hwctl -n " +
-              fishText(topic + "; and not __fish_seen_subcommand_from " + subcommandWords(command.name)) + " -a " +
-              std::string(command.subcommand) + " -d " + fishText(command.summary) + "\n";
-        condition += "; and __fish_seen_subcommand_from " + std::string(command.subcommand);
+        out =
+            joined({"complete -c hwctl -n ",
+                    fishText(joined({topic, "; and not __fish_seen_subcommand_from ", subcommandWords(command.name)})),
+                    " -a ", command.subcommand, " -d ", fishText(command.summary), "\n"});
+        condition += joined({"; and __fish_seen_subcommand_from ", command.subcommand});
     }
     for (const OptionSpec* option : optionsOf(command))
         out += fishOption(*option, condition);
     if (!command.arguments.empty())
         if (const std::string value = fishValue(offerOf(command.arguments.front())); !value.empty())
-            out += "complete -c hwctl -n " + fishText(condition) + value + "\n";
+            out += joined({"complete -c hwctl -n ", fishText(condition), value, "\n"});
     return out;
 }
 
 std::string fishTopic(const TopicSpec& topic) {
-    return "complete -c hwctl -n __fish_use_subcommand -a " + std::string(topic.name) + " -d " +
-           fishText(topic.summary) + "\n";
+    return joined(
+        {"complete -c hwctl -n __fish_use_subcommand -a ", topic.name, " -d ", fishText(topic.summary), "\n"});
 }
 
 } // namespace
@@ -289,11 +289,10 @@ std::string bashCompletion() {
     std::string names;
     for (const TopicSpec& topic : topics())
         (names += names.empty() ? "" : " ") += topic.name;
-    out += "        /) words='" + names + "' ;;\n";
+    out += joined({"        /) words='", names, "' ;;\n"});
     for (const CommandSpec& command : commands())
         out += bashCommandCase(command);
-    out += "    esac\n    case $previous in\n" + bashValueCases(globalOptions().options, "        ") +
-           std::string(bashTail);
+    out += joined({"    esac\n    case $previous in\n", bashValueCases(globalOptions().options, "        "), bashTail});
     std::string skipped = withValue(globalOptions().options, "|");
     fill(out, "@SKIPPED@", skipped);
     fill(out, "@GLOBALS@", optionWords(globalOptions().options));
@@ -304,17 +303,17 @@ std::string zshCompletion() {
     std::string out(zshHead);
     out += "  globals=(";
     for (const OptionSpec* option : globalOptions().options)
-        out += "\n    " + zshOption(*option);
+        out += joined({"\n    ", zshOption(*option)});
     out += ")\n  topics=(";
     for (const TopicSpec& topic : topics())
-        out += "\n    " + zshPair(topic.name, topic.summary);
-    out += ")\n" + std::string(zshBody);
+        out += joined({"\n    ", zshPair(topic.name, topic.summary)});
+    out += joined({")\n", zshBody});
     for (const TopicSpec& topic : topics())
         out += zshTopicCase(topic);
     out += zshSubcommand;
     for (const CommandSpec& command : commands())
         out += zshCommandCase(command);
-    return out + "  esac\n}\n_hwctl \"$@\"\n";
+    return joined({out, "  esac\n}\n_hwctl \"$@\"\n"});
 }
 
 std::string fishCompletion() {

@@ -18,14 +18,13 @@ bool allDigits(std::string_view text) {
     return !text.empty() && std::ranges::all_of(text, [](char c) { return c >= '0' && c <= '9'; });
 }
 
-// A number of exactly so many digits at the front of `text`, which is taken off.
-std::optional<std::uint16_t> takeDigits(std::string_view& text, std::size_t count) {
+// Takes a number of exactly so many digits off the front of `text`.
+bool takeDigits(std::string_view& text, std::size_t count, std::uint16_t& value) {
     if (text.size() < count || !allDigits(text.substr(0, count)))
-        return std::nullopt;
-    std::uint16_t value = 0;
+        return false;
     const auto [end, error] = std::from_chars(text.data(), text.data() + count, value);
     text.remove_prefix(count);
-    return error == std::errc{} ? std::optional(value) : std::nullopt;
+    return error == std::errc{};
 }
 
 bool takeCharacter(std::string_view& text, char c) {
@@ -40,42 +39,29 @@ std::optional<SystemTime> takeDate(std::string_view& text) {
     const std::size_t yearDigits = text.find('-');
     if (yearDigits != 4 && yearDigits != 5)
         return std::nullopt;
-    const auto year = takeDigits(text, yearDigits);
-    const bool firstDash = takeCharacter(text, '-');
-    const auto month = firstDash ? takeDigits(text, 2) : std::nullopt;
-    const bool secondDash = takeCharacter(text, '-');
-    const auto day = secondDash ? takeDigits(text, 2) : std::nullopt;
-    if (!year || !month || !day || *month < 1 || *month > 12)
+    SystemTime date;
+    if (!takeDigits(text, yearDigits, date.year) || !takeCharacter(text, '-') || !takeDigits(text, 2, date.month) ||
+        !takeCharacter(text, '-') || !takeDigits(text, 2, date.day))
         return std::nullopt;
-    if (*day < 1 || *day > platform::daysInMonth(*year, *month))
+    if (date.month < 1 || date.month > 12 || date.day < 1 || date.day > platform::daysInMonth(date.year, date.month))
         return std::nullopt;
-    return SystemTime{.year = *year, .month = *month, .day = *day};
+    return date;
 }
 
 // "HH:MM" at the front of `text`, which is taken off.
 std::optional<SystemTime> takeTime(std::string_view& text) {
-    const auto hour = takeDigits(text, 2);
-    const bool colon = takeCharacter(text, ':');
-    const auto minute = colon ? takeDigits(text, 2) : std::nullopt;
-    if (!hour || !minute || *hour > 23 || *minute > 59)
+    SystemTime time;
+    if (!takeDigits(text, 2, time.hour) || !takeCharacter(text, ':') || !takeDigits(text, 2, time.minute))
         return std::nullopt;
-    return SystemTime{.hour = *hour, .minute = *minute};
+    return time.hour <= 23 && time.minute <= 59 ? std::optional(time) : std::nullopt;
 }
 
 // ":SS" and ".mmm" behind a time of day, to the end of the text.
 bool takeSeconds(std::string_view text, SystemTime& time) {
-    if (!takeCharacter(text, ':'))
+    if (!takeCharacter(text, ':') || !takeDigits(text, 2, time.second) || time.second > 59)
         return false;
-    const auto second = takeDigits(text, 2);
-    if (!second || *second > 59)
+    if (takeCharacter(text, '.') && !takeDigits(text, 3, time.milliseconds))
         return false;
-    time.second = *second;
-    if (takeCharacter(text, '.')) {
-        const auto milliseconds = takeDigits(text, 3);
-        if (!milliseconds)
-            return false;
-        time.milliseconds = *milliseconds;
-    }
     return text.empty();
 }
 

@@ -1,6 +1,7 @@
 #include "cli/entry_fields.h"
 
 #include "cli/date_text.h"
+#include "cli/joined.h"
 #include "cli/note_argument.h"
 #include "platform/utf.h"
 
@@ -94,7 +95,7 @@ Failure readNote(Session& session, const Arguments& arguments, EntryDraft& draft
         draft.note = noteOfFile(std::string(*file));
         if (!draft.note)
             return session.fail(platform::PlatformError::fileNotFound,
-                                "The note file '" + std::string(*file) + "' cannot be read.");
+                                joined({"The note file '", *file, "' cannot be read."}));
     }
     return {};
 }
@@ -120,8 +121,7 @@ std::optional<ExitCode> readEntryFields(Session& session, const Arguments& argum
 ExitCode showRefusal(Session& session, const billing::DraftRefusal& refusal) {
     if (refusal.error == platform::PlatformError::none)
         return session.refuse(refusal.message);
-    return session.fail(refusal.error,
-                        "The entry cannot hold the value of " + std::string(optionName(refusal.field)) + ".");
+    return session.fail(refusal.error, joined({"The entry cannot hold the value of ", optionName(refusal.field), "."}));
 }
 
 } // namespace hourwright::cli

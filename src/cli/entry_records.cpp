@@ -1,4 +1,5 @@
 #include "cli/entry_records.h"
+#include "cli/joined.h"
 
 #include <set>
 
@@ -20,7 +21,7 @@ bool readEntry(Session& session, store::Stores& stores, RecordId id, TimeEntry& 
         session.failWrite();
     else
         session.fail(platform::PlatformError::invalidParameter,
-                     "There is no entry with id " + std::to_string(static_cast<std::uint32_t>(id)) + ".");
+                     joined({"There is no entry with id ", std::to_string(static_cast<std::uint32_t>(id)), "."}));
     return false;
 }
 

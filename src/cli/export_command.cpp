@@ -1,4 +1,5 @@
 #include "cli/handlers.h"
+#include "cli/joined.h"
 #include "cli/period_option.h"
 #include "cli/session.h"
 #include "exchange/csv_export.h"
@@ -14,7 +15,7 @@ ExitCode endOfExport(Session& session, const exchange::ExportResult& result) {
     if (result.error == platform::PlatformError::brokenPipe)
         return ExitCode::refused;
     return session.refuse(resources::StringId::exportFailed,
-                          "platform error " + std::to_string(platform::number(result.error)));
+                          joined({"platform error ", std::to_string(platform::number(result.error))}));
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 #include "cli/help.h"
+#include "cli/joined.h"
 
 #include <algorithm>
 
@@ -13,20 +14,20 @@ std::string argumentUsage(const ArgumentSpec& argument) {
     std::string text(argument.name);
     if (argument.repeated)
         text += "...";
-    return argument.required ? text : "[" + text + "]";
+    return argument.required ? text : joined({"[", text, "]"});
 }
 
 std::string groupUsage(const OptionGroup& group) {
     if (!group.name.empty())
-        return " [" + std::string(group.name) + "]";
+        return joined({" [", group.name, "]"});
     std::string text;
     for (const OptionSpec* option : group.options)
-        text += " [" + optionUsage(*option) + "]";
+        text += joined({" [", optionUsage(*option), "]"});
     return text;
 }
 
 std::string topicUsage(std::string_view topic) {
-    return "hwctl " + std::string(topic) + " SUBCOMMAND [ARGUMENTS] [OPTIONS]";
+    return joined({"hwctl ", topic, " SUBCOMMAND [ARGUMENTS] [OPTIONS]"});
 }
 
 // A name and what it means, the meaning on the next line when the name is long.
@@ -58,7 +59,7 @@ void appendArguments(std::string& out, const CommandSpec& command) {
 }
 
 std::string generalHelp() {
-    std::string out = "Usage: " + std::string(generalUsage) + "\n\nCommands:\n";
+    std::string out = joined({"Usage: ", generalUsage, "\n\nCommands:\n"});
     for (const TopicSpec& topic : topics())
         appendRow(out, topic.name, topic.summary);
     appendGroup(out, globalOptions());
@@ -68,15 +69,15 @@ std::string generalHelp() {
 
 std::string topicHelp(std::string_view name) {
     const auto topic = std::ranges::find(topics(), name, &TopicSpec::name);
-    std::string out = "Usage: " + topicUsage(name) + "\n\n" + std::string(topic->summary) + "\n\nSubcommands:\n";
+    std::string out = joined({"Usage: ", topicUsage(name), "\n\n", topic->summary, "\n\nSubcommands:\n"});
     for (const CommandSpec& command : commandsOf(name))
         appendRow(out, command.subcommand, command.summary);
-    out += "\n'hwctl " + std::string(name) + " SUBCOMMAND --help' explains a subcommand.\n";
+    out += joined({"\n'hwctl ", name, " SUBCOMMAND --help' explains a subcommand.\n"});
     return out;
 }
 
 std::string commandHelp(const CommandSpec& command) {
-    std::string out = "Usage: " + usageOf(command) + "\n\n" + std::string(command.summary) + "\n";
+    std::string out = joined({"Usage: ", usageOf(command), "\n\n", command.summary, "\n"});
     appendArguments(out, command);
     for (const OptionGroup* group : groupsOf(command))
         appendGroup(out, *group);
@@ -89,9 +90,9 @@ std::string commandHelp(const CommandSpec& command) {
 std::string optionUsage(const OptionSpec& option) {
     std::string text(option.name);
     if (option.arity == Arity::optional)
-        text += " [" + std::string(option.value) + "]";
+        text += joined({" [", option.value, "]"});
     else if (!option.value.empty())
-        text += " " + std::string(option.value);
+        text += joined({" ", option.value});
     return text;
 }
 
@@ -109,11 +110,11 @@ std::string optionHelp(std::string_view help, std::string_view choices) {
 }
 
 std::string usageOf(const CommandSpec& command) {
-    std::string text = "hwctl " + std::string(command.name);
+    std::string text = joined({"hwctl ", command.name});
     if (!command.subcommand.empty())
-        text += " " + std::string(command.subcommand);
+        text += joined({" ", command.subcommand});
     for (const ArgumentSpec& argument : command.arguments)
-        text += " " + argumentUsage(argument);
+        text += joined({" ", argumentUsage(argument)});
     for (const OptionGroup* group : groupsOf(command))
         text += groupUsage(*group);
     return text;
@@ -131,7 +132,7 @@ std::string usageError(const CommandLine& line) {
         usage = usageOf(*line.command);
     else if (!line.topic.empty())
         usage = topicUsage(line.topic);
-    return "hwctl: " + line.error + "\nUsage: " + usage + "\n";
+    return joined({"hwctl: ", line.error, "\nUsage: ", usage, "\n"});
 }
 
 } // namespace hourwright::cli

@@ -2,6 +2,7 @@
 
 #include "cli/command_table.h"
 #include "cli/help.h"
+#include "cli/joined.h"
 
 namespace hourwright::cli {
 
@@ -20,11 +21,11 @@ std::string escaped(std::string_view text) {
         else
             out += c;
     }
-    return out.starts_with('.') || out.starts_with('\'') ? "\\&" + out : out;
+    return out.starts_with('.') || out.starts_with('\'') ? joined({"\\&", out}) : out;
 }
 
 void appendItem(std::string& out, std::string_view name, std::string_view meaning) {
-    out += ".TP\n.B " + escaped(name) + "\n" + escaped(meaning) + "\n";
+    out += joined({".TP\n.B ", escaped(name), "\n", escaped(meaning), "\n"});
 }
 
 void appendOptions(std::string& out, const OptionGroup& group) {
@@ -33,7 +34,7 @@ void appendOptions(std::string& out, const OptionGroup& group) {
 }
 
 void appendCommand(std::string& out, const CommandSpec& command) {
-    out += ".PP\n.B " + escaped(usageOf(command)) + "\n.RS\n" + escaped(command.summary) + "\n";
+    out += joined({".PP\n.B ", escaped(usageOf(command)), "\n.RS\n", escaped(command.summary), "\n"});
     for (const ArgumentSpec& argument : command.arguments)
         appendItem(out, argument.name, optionHelp(argument.help, argument.choices));
     for (const OptionGroup* group : groupsOf(command))
@@ -44,7 +45,7 @@ void appendCommand(std::string& out, const CommandSpec& command) {
 std::string commandSections() {
     std::string out;
     for (const TopicSpec& topic : topics()) {
-        out += ".SS " + escaped(topic.name) + ": " + escaped(topic.summary) + "\n";
+        out += joined({".SS ", escaped(topic.name), ": ", escaped(topic.summary), "\n"});
         for (const CommandSpec& command : commandsOf(topic.name))
             appendCommand(out, command);
     }

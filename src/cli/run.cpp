@@ -2,6 +2,7 @@
 
 #include "cli/arguments.h"
 #include "cli/help.h"
+#include "cli/joined.h"
 #include "cli/output.h"
 #include "cli/session.h"
 #include "platform/utf.h"
@@ -34,7 +35,7 @@ ExitCode runCommand(const CommandLine& line, Environment& environment, Output& o
         return ExitCode::done;
     }
     if (line.arguments.has(option::version)) {
-        out.writeLine("hwctl " + std::string(programVersion));
+        out.writeLine(joined({"hwctl ", programVersion}));
         return ExitCode::done;
     }
     Session session(line, environment, out);

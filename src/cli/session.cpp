@@ -2,6 +2,7 @@
 
 #include "cli/date_text.h"
 #include "cli/help.h"
+#include "cli/joined.h"
 #include "platform/icu/icu_locale.h"
 #include "platform/locale_names.h"
 #include "platform/posix/flock_mutex.h"
@@ -36,7 +37,7 @@ ExitCode Session::prepare() {
     }
     const auto locale = line_.arguments.value(option::locale);
     if (locale && !platform::makeIcuLocale(*locale))
-        return misuse("unknown locale '" + std::string(*locale) + "'");
+        return misuse(joined({"unknown locale '", *locale, "'"}));
     return ExitCode::done;
 }
 
@@ -118,7 +119,7 @@ void Session::openStores() {
         stores_ = std::move(stores);
     else
         refuse(resources::StringId::databaseNotOpened,
-               "platform error " + std::to_string(platform::number(objects_->lastError())));
+               joined({"platform error ", std::to_string(platform::number(objects_->lastError()))}));
 }
 
 std::optional<platform::SystemTime> Session::day(std::string_view date) {
@@ -126,7 +127,7 @@ std::optional<platform::SystemTime> Session::day(std::string_view date) {
     const auto day = parsed ? resolveDate(*parsed, clock_->localTime()) : std::nullopt;
     if (!day)
         fail(platform::PlatformError::invalidParameter,
-             "The date '" + std::string(date) + "' is not in the years 1601 to 30827.");
+             joined({"The date '", date, "' is not in the years 1601 to 30827."}));
     return day;
 }
 

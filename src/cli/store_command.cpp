@@ -1,5 +1,6 @@
 #include "cli/display_width.h"
 #include "cli/handlers.h"
+#include "cli/joined.h"
 #include "cli/json_writer.h"
 #include "cli/property_output.h"
 #include "cli/property_text.h"
@@ -90,7 +91,7 @@ std::optional<std::vector<OwnedProperty>> parseProperties(Session& session, std:
     for (const std::string_view text : texts) {
         auto property = parseProperty(text);
         if (!property) {
-            session.misuse("'" + std::string(text) + "' is not NUMBER:TYPE=VALUE");
+            session.misuse(joined({"'", text, "' is not NUMBER:TYPE=VALUE"}));
             return std::nullopt;
         }
         properties.push_back(std::move(*property));
