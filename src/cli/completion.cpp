@@ -68,7 +68,8 @@ std::string bashValueCases(std::span<const OptionSpec* const> options, std::stri
     std::string out;
     for (const OptionSpec* option : options)
         if (option->arity != Arity::none)
-            out += joined({indent, option->name, ") value=1 ", bashOffer(offerOf(*option)), " ;;\n"});
+            out += joined({indent, option->name, option->arity == Arity::optional ? ") " : ") value=1 ",
+                           bashOffer(offerOf(*option)), " ;;\n"});
     return out;
 }
 
