@@ -1,5 +1,6 @@
 #include "store/save.h"
 
+#include "store/client_structure.h"
 #include "store/pick_lists.h"
 
 namespace hourwright::store {
@@ -7,7 +8,7 @@ namespace hourwright::store {
 bool saveTimeEntry(platform::Transaction& transaction, Stores& stores, TimeEntry& entry) {
     const bool written = entry.id == RecordId::none ? insertTimeEntry(transaction, stores.entries(), entry)
                                                     : updateTimeEntry(transaction, stores.entries(), entry);
-    return written && learnPickLists(transaction, stores, entry);
+    return written && learnStructure(transaction, stores, entry) && learnPickLists(transaction, stores, entry);
 }
 
 bool saveExpenseEntry(platform::Transaction& transaction, Stores& stores, ExpenseEntry& expense) {
