@@ -65,7 +65,9 @@ std::optional<RateRefusal> saveRate(platform::Transaction& transaction, store::S
     RateRecord changed = rate;
     changed.type = *draft.type;
     changed.description = draft.description;
-    changed.rate = rateFromText(draft.rate).value_or(0);
+    // Reading back the text of a rate can lose a hundredth (2.01 becomes 2.00): what was not touched stays.
+    if (draft.rate != draftOf(rate).rate)
+        changed.rate = rateFromText(draft.rate).value_or(0);
     changed.modified = now;
     if (!store::writeRate(transaction, stores, changed))
         return failedWrite(RateField::rate, stores.rates().lastError());

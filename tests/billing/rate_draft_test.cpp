@@ -109,6 +109,19 @@ TEST_F(RateStoreTest, EditingStampsTheRecordAndKeepsTheRest) {
     EXPECT_EQ(all<RateRecord>(1), std::vector{expected});
 }
 
+TEST_F(RateStoreTest, ARateThatIsNotTouchedKeepsItsHundredths) {
+    const std::uint32_t acme = makeClient(u"Acme");
+    RateRecord rate = makeRate(acme, u"Standard", 201);
+    RateDraft draft = draftOf(rate);
+    draft.description = u"Changed";
+    ASSERT_EQ(save(draft, rate), std::nullopt);
+    EXPECT_EQ(rate.rate, 201);
+    EXPECT_EQ(rate.description, u"Changed");
+    RateRecord typed{.clientId = acme};
+    ASSERT_EQ(save({RateType::normal, u"Typed", u"2.01", {}}, typed), std::nullopt);
+    EXPECT_EQ(typed.rate, 200); // cut off, as doubles have it
+}
+
 TEST_F(RateStoreTest, ADescriptionIsTakenWithinItsOwnerOnly) {
     const RateDraft draft{RateType::normal, u"Standard", u"45", {}};
     for (const std::uint32_t owner : {makeClient(u"Acme"), makeClient(u"Other"), store::defaultRatesOwner}) {
