@@ -7,6 +7,10 @@ target_compile_options(hourwright_options INTERFACE
 # Hours and money are cut off, not rounded: a multiplication fused with an addition would change stored hundredths on
 # machines that have such an instruction.
 target_compile_options(hourwright_options INTERFACE -ffp-contract=off)
+# GCC 12 sees overlaps and uninitialised values in optimised standard library code where there are none.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  target_compile_options(hourwright_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
+endif()
 target_include_directories(hourwright_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 if(HOURWRIGHT_SANITIZE)
   target_compile_options(hourwright_options INTERFACE
