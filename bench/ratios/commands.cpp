@@ -11,10 +11,12 @@ using std::filesystem::path;
 constexpr int quickRuns = 40;
 constexpr int longRuns = 3;
 
-// The middle of the made-up history's last weeks, as FILETIMEs of local time: Monday 9 to Sunday 15 November 2026.
-constexpr const char* week = "2026-11-11";
-constexpr const char* weekCondition = "p1001_filetime >= (strftime('%s', '2026-11-09') + 11644473600) * 10000000 AND"
-                                      " p1001_filetime < (strftime('%s', '2026-11-16') + 11644473600) * 10000000";
+// A week after the made-up history, into which both stores get the same entries, as FILETIMEs of local time.
+constexpr const char* week = "2026-12-09";
+constexpr int entriesOfWeek = 20;
+constexpr const char* weekCondition =
+    "p1001_filetime >= (strftime('%s', '2026-12-07') + 11644473600) * 10000000 AND"
+    " p1001_filetime < (strftime('%s', '2026-12-14') + 11644473600) * 10000000";
 
 // The shell as hwctl uses the file: every commit durable before it returns.
 Cost shell(const path& home, const std::string& sql, const std::vector<std::string>& options = {}) {
@@ -59,7 +61,16 @@ void measureAdd(const path& program, const path& large, const path& small) {
     printRow("hwctl entry add, large / small store", growth, 1.3);
 }
 
+void fillWeek(const path& program, const path& home) {
+    for (int i = 0; i < entriesOfWeek; ++i)
+        (void)hwctl(program, home,
+                    {"entry", "add", "--date", "2026-12-0" + std::to_string(7 + i % 3), "--start", "09:00", "--client",
+                     "Bench", "--project", "Week", "--task", "Measuring", "--duration", "0.25", "--rate", "45.50"});
+}
+
 void measureWeek(const path& program, const path& large, const path& small) {
+    fillWeek(program, large);
+    fillWeek(program, small);
     const std::vector<std::string> arguments = {"entry", "list", "--week", week, "--json"};
     const std::string sql =
         std::string("SELECT * FROM time_entries WHERE id IN (SELECT id FROM records_1 WHERE ") + weekCondition + ");";
@@ -68,7 +79,7 @@ void measureWeek(const path& program, const path& large, const path& small) {
     printRow("hwctl entry list --week --json / shell query", pair, 4);
     const Pair growth = bestInTurns(
         quickRuns, [&] { return hwctl(program, large, arguments); }, [&] { return hwctl(program, small, arguments); });
-    printRow("hwctl entry list --week, large / small store", growth, 0);
+    printRow("hwctl entry list --week, large / small store", growth, 1.3);
 }
 
 void measureExport(const path& program, const path& large) {
