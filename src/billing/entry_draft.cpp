@@ -3,8 +3,10 @@
 #include "billing/amount.h"
 #include "billing/duration.h"
 #include "billing/numeric_test.h"
+#include "platform/number_text.h"
 
 #include <array>
+#include <string_view>
 
 namespace hourwright::billing {
 
@@ -26,10 +28,6 @@ Refusal refuse(DraftField field, StringId message) {
     return DraftRefusal{field, message};
 }
 
-Refusal failWrite(DraftField field) {
-    return DraftRefusal{field, StringId::error, platform::PlatformError::invalidParameter};
-}
-
 struct TextField {
     DraftField field;
     std::optional<std::u16string> EntryDraft::*typed;
@@ -43,9 +41,12 @@ constexpr std::array generalTexts{
     TextField{DraftField::task, &EntryDraft::task, &TimeEntry::task},
 };
 
-constexpr std::array otherTexts{
+constexpr std::array billingTexts{
     TextField{DraftField::billTo, &EntryDraft::billTo, &TimeEntry::billTo},
     TextField{DraftField::currency, &EntryDraft::currency, &TimeEntry::currency},
+};
+
+constexpr std::array customTexts{
     TextField{DraftField::custom1, &EntryDraft::custom1, &TimeEntry::custom1},
     TextField{DraftField::custom2, &EntryDraft::custom2, &TimeEntry::custom2},
     TextField{DraftField::custom3, &EntryDraft::custom3, &TimeEntry::custom3},
@@ -53,14 +54,9 @@ constexpr std::array otherTexts{
 
 template<std::size_t count>
 Refusal takeTexts(Work& work, const std::array<TextField, count>& fields) {
-    for (const TextField& field : fields) {
-        const auto& typed = work.draft.*field.typed;
-        if (!typed)
-            continue;
-        if (typed->size() > maxTextLength)
-            return failWrite(field.field);
-        work.entry.*field.stored = *typed;
-    }
+    for (const TextField& field : fields)
+        if (!takeText(work.draft.*field.typed, work.entry.*field.stored))
+            return cannotHold(field.field);
     return {};
 }
 
@@ -76,15 +72,15 @@ Refusal takeDateAndStart(Work& work) {
         return {};
     const auto old = platform::toSystemTime(work.entry.date);
     if (!draft.date && !old)
-        return failWrite(DraftField::date);
+        return cannotHold(DraftField::date);
     const platform::SystemTime day = draft.date ? *draft.date : *old;
-    const bool keepsStart = !draft.start && !draft.withoutStart && old && store::hasStart(work.entry);
+    const bool keepsStart = !draft.start && old && store::hasStart(work.entry);
     bool valid = false;
-    if (draft.start || keepsStart)
+    if (!draft.withoutStart && (draft.start || keepsStart))
         valid = store::setDateAndStart(work.entry, combine(day, draft.start ? *draft.start : *old));
     else
         valid = store::setDateWithoutStart(work.entry, day);
-    return valid ? Refusal{} : failWrite(DraftField::date);
+    return valid ? Refusal{} : Refusal{cannotHold(DraftField::date)};
 }
 
 Refusal takeGeneralTexts(Work& work) {
@@ -106,7 +102,8 @@ Refusal takeDuration(Work& work) {
         return {};
     if (typed->empty())
         return refuse(DraftField::duration, StringId::durationMissing);
-    return setDurationFromText(work.entry, *typed, work.rules) ? Refusal{} : failWrite(DraftField::duration);
+    const auto read = std::u16string_view(*typed).substr(0, maxDurationText);
+    return setDurationFromText(work.entry, read, work.rules) ? Refusal{} : Refusal{cannotHold(DraftField::duration)};
 }
 
 Refusal takeBreak(Work& work) {
@@ -115,7 +112,7 @@ Refusal takeBreak(Work& work) {
         return {};
     if (!passesNumericTest(*typed))
         return refuse(DraftField::breakTime, StringId::numericOnly);
-    return setBreakFromText(work.entry, *typed) ? Refusal{} : failWrite(DraftField::breakTime);
+    return setBreakFromText(work.entry, *typed) ? Refusal{} : Refusal{cannotHold(DraftField::breakTime)};
 }
 
 Refusal takeEnd(Work& work) {
@@ -123,24 +120,26 @@ Refusal takeEnd(Work& work) {
         return {};
     const auto start = platform::toSystemTime(work.entry.date);
     if (!start || !store::hasStart(work.entry))
-        return failWrite(DraftField::end);
+        return cannotHold(DraftField::end);
     const auto duration =
         durationFromStartEnd(*start, combine(*start, *work.draft.end), breakHoursOf(work.entry), work.rules);
     if (!duration)
-        return failWrite(DraftField::end);
+        return cannotHold(DraftField::end);
     work.entry.duration = *duration;
     return {};
 }
 
 Refusal takeRate(Work& work) {
     const auto& typed = work.draft.rate;
-    if (!typed)
+    if (!typed) {
+        work.entry.rate = work.draft.chosenRate.value_or(work.entry.rate);
         return {};
+    }
     if (!passesNumericTest(*typed))
         return refuse(DraftField::rate, StringId::rateInvalid);
     const auto rate = rateFromText(*typed);
     if (!rate)
-        return failWrite(DraftField::rate);
+        return cannotHold(DraftField::rate);
     work.entry.rate = *rate;
     return {};
 }
@@ -153,8 +152,12 @@ Refusal takeChoices(Work& work) {
     return {};
 }
 
-Refusal takeOtherTexts(Work& work) {
-    return takeTexts(work, otherTexts);
+Refusal takeBillingTexts(Work& work) {
+    return takeTexts(work, billingTexts);
+}
+
+Refusal takeCustomTexts(Work& work) {
+    return takeTexts(work, customTexts);
 }
 
 Refusal takeNote(Work& work) {
@@ -167,21 +170,122 @@ Refusal takeNote(Work& work) {
     return {};
 }
 
-// The order of the checks.
-constexpr std::array<Refusal (*)(Work&), 11> steps{
-    takeDateAndStart, takeGeneralTexts, requireTask, testDuration,   takeDuration, takeBreak,
-    takeEnd,          takeRate,         takeChoices, takeOtherTexts, takeNote,
+struct Step {
+    DraftPage page;
+    Refusal (*run)(Work&);
 };
+
+// The order of the checks.
+constexpr std::array steps{
+    Step{DraftPage::general, takeDateAndStart},
+    Step{DraftPage::general, takeGeneralTexts},
+    Step{DraftPage::general, requireTask},
+    Step{DraftPage::general, testDuration},
+    Step{DraftPage::general, takeDuration},
+    Step{DraftPage::general, takeBreak},
+    Step{DraftPage::general, takeEnd},
+    Step{DraftPage::billing, takeRate},
+    Step{DraftPage::billing, takeChoices},
+    Step{DraftPage::billing, takeBillingTexts},
+    Step{DraftPage::note, takeNote},
+    Step{DraftPage::custom, takeCustomTexts},
+};
+
+Refusal runSteps(Work& work, std::optional<DraftPage> onlyPage) {
+    for (const Step& step : steps)
+        if (!onlyPage || step.page == *onlyPage)
+            if (Refusal refusal = step.run(work))
+                return refusal;
+    return {};
+}
+
+Refusal applySteps(const EntryDraft& draft, const TimeRules& rules, TimeEntry& entry,
+                   std::optional<DraftPage> onlyPage) {
+    Work work{draft, rules, entry};
+    if (Refusal refusal = runSteps(work, onlyPage))
+        return refusal;
+    entry = std::move(work.entry);
+    return {};
+}
+
+std::u16string hundredthsText(std::int32_t stored) {
+    std::u16string text;
+    platform::appendHundredths(text, stored);
+    return text;
+}
 
 } // namespace
 
+DraftPage pageOf(DraftField field) {
+    switch (field) {
+    case DraftField::date:
+    case DraftField::start:
+    case DraftField::client:
+    case DraftField::project:
+    case DraftField::phase:
+    case DraftField::task:
+    case DraftField::duration:
+    case DraftField::breakTime:
+    case DraftField::end: return DraftPage::general;
+    case DraftField::status:
+    case DraftField::billTo:
+    case DraftField::rate:
+    case DraftField::rateType:
+    case DraftField::currency:
+    case DraftField::paidDate: return DraftPage::billing;
+    case DraftField::note: return DraftPage::note;
+    case DraftField::custom1:
+    case DraftField::custom2:
+    case DraftField::custom3: break;
+    }
+    return DraftPage::custom;
+}
+
+EntryDraft draftOf(const TimeEntry& entry, const platform::SystemTime& now) {
+    EntryDraft draft;
+    draft.date = platform::toSystemTime(entry.date);
+    draft.withoutStart = !store::hasStart(entry);
+    draft.start = draft.withoutStart ? now : draft.date;
+    for (const auto& field : generalTexts)
+        draft.*field.typed = entry.*field.stored;
+    for (const auto& field : billingTexts)
+        draft.*field.typed = entry.*field.stored;
+    for (const auto& field : customTexts)
+        draft.*field.typed = entry.*field.stored;
+    const bool blank = entry.id == store::RecordId::none && entry.duration == 0;
+    draft.duration = blank ? std::u16string{} : formatHours(entry);
+    draft.breakTime = hundredthsText(entry.breakTime);
+    draft.rate = hundredthsText(entry.rate);
+    draft.status = entry.status;
+    draft.rateType = entry.rateType;
+    draft.paidDate = entry.paidDate;
+    return draft;
+}
+
+EntryDraft touchedOnly(EntryDraft draft, const EntryDraft& opened) {
+    const EntryDraft typed = draft;
+    const auto dropEqual = [&](auto... members) {
+        ((typed.*members == opened.*members ? (draft.*members).reset() : void()), ...);
+    };
+    dropEqual(&EntryDraft::date, &EntryDraft::start, &EntryDraft::end, &EntryDraft::client, &EntryDraft::project,
+              &EntryDraft::phase, &EntryDraft::task, &EntryDraft::duration, &EntryDraft::breakTime, &EntryDraft::status,
+              &EntryDraft::billTo, &EntryDraft::rate, &EntryDraft::chosenRate, &EntryDraft::rateType,
+              &EntryDraft::currency, &EntryDraft::custom1, &EntryDraft::custom2, &EntryDraft::custom3,
+              &EntryDraft::paidDate, &EntryDraft::note);
+    if (opened.withoutStart && !typed.withoutStart)
+        draft.start = typed.start;
+    if (typed.duration && typed.duration->empty())
+        draft.duration = typed.duration;
+    return draft;
+}
+
 std::optional<DraftRefusal> applyDraft(const EntryDraft& draft, const TimeRules& rules, TimeEntry& entry) {
-    Work work{draft, rules, entry};
-    for (const auto step : steps)
-        if (Refusal refusal = step(work))
-            return refusal;
-    entry = std::move(work.entry);
-    return {};
+    return applySteps(draft, rules, entry, {});
+}
+
+std::optional<DraftRefusal> applyPage(DraftPage page, const EntryDraft& draft, const TimeRules& rules,
+                                      TimeEntry& entry) {
+    return applySteps(draft, rules, entry, page);
 }
 
 } // namespace hourwright::billing

@@ -105,10 +105,10 @@ TEST(EntryDraft, isRefusedInTheOrderOfTheChecks) {
     constexpr auto failed = PlatformError::invalidParameter;
     // From the last check to the first: each row spoils one field more and moves the refusal to the front.
     const Row rows[] = {
-        {"note", [](EntryDraft& d) { d.note->characters = 65'001; }, {DraftField::note, StringId::noteTooLarge}},
         {"custom",
          [](EntryDraft& d) { d.custom2 = std::u16string(129, u'x'); },
          {DraftField::custom2, StringId::error, failed}},
+        {"note", [](EntryDraft& d) { d.note->characters = 65'001; }, {DraftField::note, StringId::noteTooLarge}},
         {"negative rate", [](EntryDraft& d) { d.rate = u"-1"; }, {DraftField::rate, StringId::error, failed}},
         {"rate", [](EntryDraft& d) { d.rate = u"1e2"; }, {DraftField::rate, StringId::rateInvalid}},
         {"end",
@@ -142,6 +142,115 @@ TEST(EntryDraft, isRefusedInTheOrderOfTheChecks) {
         EXPECT_EQ(applyDraft(draft, {}, entry), row.refusal) << row.name;
         EXPECT_EQ(entry, before) << row.name;
     }
+}
+
+TEST(EntryDraft, aPageIsCheckedAndTakenOverByItself) {
+    EntryDraft draft = fullDraft();
+    draft.task = u"";
+    draft.rate = u"x";
+    TimeEntry entry;
+    EXPECT_EQ(applyPage(DraftPage::general, draft, {}, entry)->field, DraftField::task);
+    EXPECT_EQ(applyPage(DraftPage::billing, draft, {}, entry)->field, DraftField::rate);
+    EXPECT_EQ(entry, TimeEntry{});
+    ASSERT_EQ(applyPage(DraftPage::custom, draft, {}, entry), std::nullopt);
+    TimeEntry expected;
+    expected.custom1 = u"1";
+    expected.custom2 = u"2";
+    expected.custom3 = u"3";
+    EXPECT_EQ(entry, expected);
+}
+
+TEST(EntryDraft, aRefusalNamesAFieldOfThePageThatWasChecked) {
+    struct Row {
+        DraftPage page;
+        std::vector<DraftField> fields;
+    };
+    const Row rows[] = {
+        {DraftPage::general,
+         {DraftField::date, DraftField::start, DraftField::client, DraftField::project, DraftField::phase,
+          DraftField::task, DraftField::duration, DraftField::breakTime, DraftField::end}},
+        {DraftPage::billing,
+         {DraftField::status, DraftField::billTo, DraftField::rate, DraftField::rateType, DraftField::currency,
+          DraftField::paidDate}},
+        {DraftPage::note, {DraftField::note}},
+        {DraftPage::custom, {DraftField::custom1, DraftField::custom2, DraftField::custom3}},
+    };
+    for (const Row& row : rows)
+        for (const DraftField field : row.fields)
+            EXPECT_EQ(pageOf(field), row.page) << static_cast<int>(field);
+}
+
+TEST(EntryDraft, theUncheckedStartWinsOverTheTimeShown) {
+    EntryDraft draft = fullDraft();
+    draft.withoutStart = true;
+    TimeEntry entry;
+    ASSERT_EQ(applyDraft(draft, {}, entry), std::nullopt);
+    EXPECT_EQ(entry.date, platform::toFileTime(day));
+}
+
+TEST(EntryDraft, ofADurationSixteenCharactersAreRead) {
+    EntryDraft draft = fullDraft();
+    draft.duration = u"00000000000000012"; // the 2 is the 17th
+    TimeEntry entry;
+    ASSERT_EQ(applyDraft(draft, {}, entry), std::nullopt);
+    EXPECT_EQ(entry.duration, 100);
+}
+
+constexpr platform::SystemTime now{.year = 2026, .month = 11, .day = 17, .hour = 14, .minute = 7};
+
+TEST(EntryDraft, opensOnWhatTheEntryHas) {
+    TimeEntry entry;
+    ASSERT_EQ(applyDraft(fullDraft(), {}, entry), std::nullopt);
+    EntryDraft expected = fullDraft();
+    expected.date = expected.start = platform::toSystemTime(entry.date);
+    expected.duration = u"1.50";
+    expected.breakTime = u"0.25";
+    expected.rate = u"45.50";
+    expected.note.reset();
+    EXPECT_EQ(draftOf(entry, now), expected);
+
+    store::setDateWithoutStart(entry, day);
+    entry.duration = 0;
+    EXPECT_EQ(draftOf(entry, now).duration, u"");
+    entry.id = store::RecordId{7};
+    EXPECT_EQ(draftOf(entry, now).duration, u"0.00");
+    EXPECT_TRUE(draftOf(entry, now).withoutStart);
+    EXPECT_EQ(draftOf(entry, now).start, now);
+}
+
+TEST(EntryDraft, savingAnUntouchedDraftChangesNoNumber) {
+    TimeEntry entry;
+    ASSERT_EQ(applyDraft(fullDraft(), {}, entry), std::nullopt);
+    entry.id = store::RecordId{7};
+    entry.duration = 201; // "2.01" typed would be cut to 200
+    entry.breakTime = 203;
+    entry.rate = 402;
+    const TimeEntry before = entry;
+    const EntryDraft opened = draftOf(entry, now);
+    ASSERT_EQ(applyDraft(touchedOnly(opened, opened), {.granularityOn = true}, entry), std::nullopt);
+    EXPECT_EQ(entry, before);
+    EntryDraft retyped = opened;
+    retyped.duration = u"2.1";
+    retyped.note = NoteDraft{};
+    ASSERT_EQ(applyDraft(touchedOnly(retyped, opened), {.granularityOn = true}, entry), std::nullopt);
+    TimeEntry expected = before;
+    expected.duration = 225;
+    expected.note.clear();
+    EXPECT_EQ(entry, expected);
+}
+
+TEST(EntryDraft, whatIsMissingInANewEntryCountsAsTouched) {
+    TimeEntry entry;
+    store::setDateWithoutStart(entry, day);
+    entry.task = u"Review";
+    const EntryDraft opened = draftOf(entry, now);
+    EXPECT_EQ(applyDraft(touchedOnly(opened, opened), {}, entry)->message, StringId::durationMissing);
+    EntryDraft draft = opened;
+    draft.duration = u"1";
+    draft.withoutStart = false; // checked, and the time shown is accepted as it is
+    ASSERT_EQ(applyDraft(touchedOnly(draft, opened), {}, entry), std::nullopt);
+    EXPECT_EQ(entry.date,
+              platform::toFileTime({.year = 2026, .month = 11, .day = 16, .hour = 14, .minute = 7, .second = 1}));
 }
 
 } // namespace
