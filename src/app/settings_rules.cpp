@@ -8,6 +8,10 @@ billing::TimeRules timeRules(const AppSettings& settings) {
             .granularityMinutes = settings.minTime};
 }
 
+billing::NewEntryDefaults newEntryDefaults(const AppSettings& settings) {
+    return {.billable = settings.styleFlags.has(StyleFlag::billable), .currency = settings.defaultCurrency.text()};
+}
+
 platform::WeekStart weekStart(const AppSettings& settings) {
     return settings.styleFlags.has(StyleFlag::weekStartsMonday) ? platform::WeekStart::monday
                                                                 : platform::WeekStart::sunday;

@@ -2,6 +2,7 @@
 
 #include "app/app_settings.h"
 #include "app/period.h"
+#include "billing/new_entry.h"
 #include "billing/time_rules.h"
 #include "platform/calendar.h"
 
@@ -12,6 +13,9 @@ namespace hourwright::app {
 /// The options of the settings that billing's arithmetic takes. A granularity of 0 minutes, which only a damaged
 /// setting has, goes along as it is; there it counts as none.
 [[nodiscard]] billing::TimeRules timeRules(const AppSettings& settings);
+
+/// Status and currency of new entries and expenses.
+[[nodiscard]] billing::NewEntryDefaults newEntryDefaults(const AppSettings& settings);
 
 [[nodiscard]] platform::WeekStart weekStart(const AppSettings& settings);
 

@@ -1,5 +1,7 @@
 #include "billing/expense_amount.h"
 
+#include "platform/utf.h"
+
 #include <gtest/gtest.h>
 
 namespace hourwright::billing {
@@ -28,6 +30,20 @@ TEST(ExpenseAmount, StoredAmountOrRateTimesDistance) {
         expense.distance = c.distance;
         EXPECT_DOUBLE_EQ(amountOf(expense), c.amount) << c.stored << " x " << c.distance;
     }
+}
+
+TEST(ExpenseAmount, TypedAmountIsCutOffToHundredths) {
+    struct Case {
+        std::u16string text;
+        std::optional<std::uint32_t> stored;
+    };
+    const Case cases[] = {
+        {u"19.99", 1999}, {u"0.359", 35}, {u"2.01", 200}, // 2.01 x 1000 is a little less than 2010
+        {u"", 0},         {u"-0.001", 0}, {u"12,50", 1200}, {u"42949672.95", 4294967295U}, {u"42949672.96", {}},
+        {u"-0.01", {}},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(expenseAmountFromText(c.text), c.stored) << platform::printableUtf8(c.text);
 }
 
 } // namespace

@@ -1,0 +1,40 @@
+#include "billing/new_entry.h"
+
+#include "platform/calendar.h"
+
+namespace hourwright::billing {
+
+namespace {
+
+store::EntryStatus statusOf(const NewEntryDefaults& defaults) {
+    return defaults.billable ? store::EntryStatus::billable : store::EntryStatus::nonBillable;
+}
+
+} // namespace
+
+store::TimeEntry newTimeEntry(const NewEntryDefaults& defaults, const platform::SystemTime& today,
+                              const store::TimeEntry* last) {
+    store::TimeEntry entry;
+    store::setDateWithoutStart(entry, today);
+    entry.status = statusOf(defaults);
+    entry.currency = defaults.currency;
+    if (last) {
+        entry.client = last->client;
+        entry.project = last->project;
+    }
+    return entry;
+}
+
+store::ExpenseEntry newExpense(store::ExpenseType type, const NewEntryDefaults& defaults,
+                               const platform::SystemTime& today) {
+    store::ExpenseEntry expense;
+    expense.type = type;
+    platform::SystemTime day = today;
+    platform::clearTime(day);
+    expense.date = platform::toFileTime(day).value_or(platform::FileTime{});
+    expense.status = statusOf(defaults);
+    expense.currency = defaults.currency;
+    return expense;
+}
+
+} // namespace hourwright::billing
