@@ -20,6 +20,18 @@ constexpr std::array fieldOptions{
 };
 constexpr OptionGroup fields{"FIELDS", "Fields", fieldOptions};
 
+constexpr std::array expenseFieldOptions{
+    &option::date,     &option::client,  &option::project,       &option::description,
+    &option::category, &option::amount,  &option::startOdometer, &option::distance,
+    &option::currency, &option::status,  &option::receipt,       &option::paidDate,
+    &option::billTo,   &option::custom1, &option::custom2,       &option::note,
+};
+constexpr OptionGroup expenseFields{"FIELDS", "Fields", expenseFieldOptions};
+
+constexpr std::array copyOptions{&option::copyTo, &option::restOfWeek, &option::copyUntil, &option::includeWeekend,
+                                 &option::duration};
+constexpr OptionGroup copyGroup{"", "", copyOptions};
+
 constexpr std::array periodOptions{&option::day, &option::week, &option::month, &option::custom};
 constexpr OptionGroup period{"PERIOD", "Period (default: the stored view kind and today)", periodOptions};
 
@@ -38,6 +50,10 @@ constexpr OptionGroup demoGroup{"", "", demoOptions};
 
 constexpr std::array entryId{ArgumentSpec{"ID", ValueKind::id, "record id of the entry"}};
 constexpr std::array entryIds{ArgumentSpec{"ID", ValueKind::id, "record ids of the entries", true, true}};
+constexpr std::array expenseId{ArgumentSpec{"ID", ValueKind::id, "record id of the expense"}};
+constexpr std::array expenseIds{ArgumentSpec{"ID", ValueKind::id, "record ids of the expenses", true, true}};
+constexpr std::array expenseType{
+    ArgumentSpec{"TYPE", ValueKind::choice, "general or mileage", true, false, option::expenseTypeChoices}};
 constexpr std::array optionalDate{ArgumentSpec{"DATE", ValueKind::date, "a day of the period (today)", false}};
 constexpr std::array listName{ArgumentSpec{"LIST", ValueKind::choice, "the list", true, false,
                                            "phases|currencies|custom1|custom2|custom3|categories|descriptions"}};
@@ -60,6 +76,7 @@ constexpr std::array databaseAndProperties{
 
 constexpr std::array topicTable{
     TopicSpec{"entry", "time entries"},
+    TopicSpec{"expense", "general and mileage expenses"},
     TopicSpec{"picklist", "the texts that entries and expenses have used"},
     TopicSpec{"settings", "the settings, loaded and saved as the program does it"},
     TopicSpec{"registry", "the raw values that settings are kept in"},
@@ -80,10 +97,21 @@ constexpr std::array commandTable{
     CommandSpec{"entry", "show", "print one entry", entryId, {&properties}, entryShow},
     CommandSpec{"entry", "list", "print the entries of a period", {}, {&period, &all}, entryList},
     CommandSpec{"entry", "delete", "delete entries", entryIds, {}, entryDelete},
+    CommandSpec{"entry", "copy", "copy an entry to other days and print the new ids", entryId, {&copyGroup}, entryCopy},
     CommandSpec{
         "entry", "toggle-billed", "bill what is not billed yet, take back what is", entryIds, {}, entryToggleBilled},
     CommandSpec{"entry", "pay", "mark entries paid, now or on a date", entryIds, {&paidDate}, entryPay},
     CommandSpec{"entry", "unpay", "make paid entries billed ones again", entryIds, {}, entryUnpay},
+    CommandSpec{"expense", "add", "add an expense and print its record id", expenseType, {&expenseFields}, expenseAdd},
+    CommandSpec{"expense",
+                "edit",
+                "change the given fields of an expense; an empty value clears a field",
+                expenseId,
+                {&expenseFields},
+                expenseEdit},
+    CommandSpec{"expense", "show", "print one expense", expenseId, {&properties}, expenseShow},
+    CommandSpec{"expense", "list", "print the expenses of a period", {}, {&period, &all}, expenseList},
+    CommandSpec{"expense", "delete", "delete expenses", expenseIds, {}, expenseDelete},
     CommandSpec{"picklist", "show", "print a list's texts, one a line", listName, {}, picklistShow},
     CommandSpec{"settings", "list", "print all settings by registry value name", {}, {}, settingsList},
     CommandSpec{"settings", "get", "print one setting", valueName, {}, settingsGet},

@@ -31,7 +31,7 @@ enum class ValueKind : std::uint8_t {
 enum class Arity : std::uint8_t { none, optional, one, two };
 
 /// Options of one family exclude each other.
-enum class Family : std::uint8_t { none, period, start, note, step };
+enum class Family : std::uint8_t { none, period, start, note, step, copyTarget };
 
 struct OptionSpec {
     std::string_view name; ///< with its dashes
@@ -96,7 +96,7 @@ inline constexpr OptionSpec yes{"--yes", Arity::none, {}, "", "answer every ques
 inline constexpr OptionSpec version{"--version", Arity::none, {}, "", "print the version"};
 inline constexpr OptionSpec help{"--help", Arity::none, {}, "", "explain the command"};
 
-inline constexpr OptionSpec date{"--date", Arity::one, ValueKind::date, "DATE", "date of the entry"};
+inline constexpr OptionSpec date{"--date", Arity::one, ValueKind::date, "DATE", "date of the entry or expense"};
 inline constexpr OptionSpec start{"--start",    Arity::one, ValueKind::time, "HH:MM",
                                   "start time", "",         Family::start,   true};
 inline constexpr OptionSpec noStart{"--no-start", Arity::none, {}, "", "no start time", "", Family::start};
@@ -123,6 +123,30 @@ inline constexpr OptionSpec noteFile{
     "--note-file", Arity::one, ValueKind::file, "FILE", "note from a file: RTF or UTF-8 text", "", Family::note};
 inline constexpr OptionSpec paidDate{"--paid-date",         Arity::one, ValueKind::date, "DATE",
                                      "date of the payment", "",         Family::none,    true};
+
+inline constexpr std::string_view expenseTypeChoices = "general|mileage";
+inline constexpr std::string_view yesNoChoices = "yes|no";
+
+inline constexpr OptionSpec description{"--description", Arity::one, ValueKind::text, "TEXT", "what was paid for"};
+inline constexpr OptionSpec category{"--category", Arity::one, ValueKind::text, "TEXT",
+                                     "category (general expenses only)"};
+inline constexpr OptionSpec amount{"--amount", Arity::one, ValueKind::text, "AMOUNT",
+                                   "amount; of a mileage expense the rate per distance unit"};
+inline constexpr OptionSpec startOdometer{
+    "--start-odo", Arity::one, ValueKind::number, "N", "odometer at the start (mileage only)", "", Family::none, true};
+inline constexpr OptionSpec distance{"--distance", Arity::one, ValueKind::number, "N", "distance (mileage only)", "",
+                                     Family::none, true};
+inline constexpr OptionSpec receipt{"--receipt", Arity::one, ValueKind::choice, "yes|no", "whether there is a receipt",
+                                    yesNoChoices};
+
+inline constexpr OptionSpec copyTo{"--to", Arity::one,        ValueKind::date, "DATE", "copy to one day",
+                                   "",     Family::copyTarget};
+inline constexpr OptionSpec restOfWeek{
+    "--rest-of-week", Arity::none, {}, "", "copy to the days left of the entry's week", "", Family::copyTarget};
+inline constexpr OptionSpec copyUntil{
+    "--until", Arity::one,        ValueKind::date, "DATE", "copy to every day after the entry's up to DATE",
+    "",        Family::copyTarget};
+inline constexpr OptionSpec includeWeekend{"--include-weekend", Arity::none, {}, "", "also to Saturdays and Sundays"};
 
 inline constexpr OptionSpec day{"--day", Arity::optional, ValueKind::date, "DATE", "the day of DATE (default today)",
                                 "",      Family::period};

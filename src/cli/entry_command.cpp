@@ -1,4 +1,5 @@
 #include "app/settings_rules.h"
+#include "billing/new_entry.h"
 #include "cli/entry_fields.h"
 #include "cli/entry_records.h"
 #include "cli/handlers.h"
@@ -10,15 +11,6 @@ namespace {
 
 using billing::EntryDraft;
 using store::TimeEntry;
-
-// What a new entry is before anything is typed.
-TimeEntry newEntry(const app::AppSettings& settings) {
-    TimeEntry entry;
-    if (settings.styleFlags.has(app::StyleFlag::billable))
-        entry.status = store::EntryStatus::billable;
-    entry.currency = settings.defaultCurrency.text();
-    return entry;
-}
 
 // Checks the draft and takes it over into the entry.
 ExitCode apply(Session& session, const EntryDraft& draft, TimeEntry& entry) {
@@ -46,9 +38,7 @@ ExitCode entryAdd(Session& session, const Arguments& arguments) {
     draft.duration = u""; // a new entry must be given one
     if (const auto failure = readEntryFields(session, arguments, draft))
         return *failure;
-    if (!draft.date)
-        draft.date = session.clock().localTime();
-    TimeEntry entry = newEntry(session.settings());
+    TimeEntry entry = billing::newTimeEntry(app::newEntryDefaults(session.settings()), session.clock().localTime());
     if (const ExitCode applied = apply(session, draft, entry); applied != ExitCode::done)
         return applied;
     store::Stores* const stores = session.stores();

@@ -1,7 +1,7 @@
 #include "cli/entry_fields.h"
 
 #include "cli/date_text.h"
-#include "cli/joined.h"
+#include "cli/field_option.h"
 #include "cli/note_argument.h"
 #include "platform/utf.h"
 
@@ -30,30 +30,20 @@ constexpr std::array textOptions{
     TextOption{&option::custom2, &EntryDraft::custom2},   TextOption{&option::custom3, &EntryDraft::custom3},
 };
 
-struct FieldOption {
-    DraftField field;
-    const OptionSpec* option;
-};
+using DraftOption = FieldOption<DraftField>;
 
 constexpr std::array fieldOptions{
-    FieldOption{DraftField::date, &option::date},         FieldOption{DraftField::start, &option::start},
-    FieldOption{DraftField::client, &option::client},     FieldOption{DraftField::project, &option::project},
-    FieldOption{DraftField::phase, &option::phase},       FieldOption{DraftField::task, &option::task},
-    FieldOption{DraftField::duration, &option::duration}, FieldOption{DraftField::breakTime, &option::breakTime},
-    FieldOption{DraftField::end, &option::end},           FieldOption{DraftField::status, &option::status},
-    FieldOption{DraftField::billTo, &option::billTo},     FieldOption{DraftField::rate, &option::rate},
-    FieldOption{DraftField::rateType, &option::rateType}, FieldOption{DraftField::currency, &option::currency},
-    FieldOption{DraftField::custom1, &option::custom1},   FieldOption{DraftField::custom2, &option::custom2},
-    FieldOption{DraftField::custom3, &option::custom3},   FieldOption{DraftField::paidDate, &option::paidDate},
-    FieldOption{DraftField::note, &option::note},
+    DraftOption{DraftField::date, &option::date},         DraftOption{DraftField::start, &option::start},
+    DraftOption{DraftField::client, &option::client},     DraftOption{DraftField::project, &option::project},
+    DraftOption{DraftField::phase, &option::phase},       DraftOption{DraftField::task, &option::task},
+    DraftOption{DraftField::duration, &option::duration}, DraftOption{DraftField::breakTime, &option::breakTime},
+    DraftOption{DraftField::end, &option::end},           DraftOption{DraftField::status, &option::status},
+    DraftOption{DraftField::billTo, &option::billTo},     DraftOption{DraftField::rate, &option::rate},
+    DraftOption{DraftField::rateType, &option::rateType}, DraftOption{DraftField::currency, &option::currency},
+    DraftOption{DraftField::custom1, &option::custom1},   DraftOption{DraftField::custom2, &option::custom2},
+    DraftOption{DraftField::custom3, &option::custom3},   DraftOption{DraftField::paidDate, &option::paidDate},
+    DraftOption{DraftField::note, &option::note},
 };
-
-std::string_view optionName(DraftField field) {
-    for (const FieldOption& row : fieldOptions)
-        if (row.field == field)
-            return row.option->name;
-    return "";
-}
 
 void readTexts(const Arguments& arguments, EntryDraft& draft) {
     for (const TextOption& text : textOptions)
@@ -119,9 +109,7 @@ std::optional<ExitCode> readEntryFields(Session& session, const Arguments& argum
 }
 
 ExitCode showRefusal(Session& session, const billing::DraftRefusal& refusal) {
-    if (refusal.error == platform::PlatformError::none)
-        return session.refuse(refusal.message);
-    return session.fail(refusal.error, joined({"The entry cannot hold the value of ", optionName(refusal.field), "."}));
+    return showRefusal<DraftField>(session, refusal, fieldOptions, "entry");
 }
 
 } // namespace hourwright::cli

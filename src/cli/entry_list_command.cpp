@@ -1,11 +1,11 @@
 #include "app/settings_rules.h"
-#include "cli/date_text.h"
 #include "cli/display_width.h"
 #include "cli/entry_output.h"
 #include "cli/entry_records.h"
 #include "cli/handlers.h"
 #include "cli/period_option.h"
 #include "cli/property_output.h"
+#include "cli/record_values.h"
 #include "cli/text_table.h"
 #include "platform/number_text.h"
 #include "platform/utf.h"
@@ -60,21 +60,6 @@ bool listTable(Session& session, store::Stores& stores, const store::DateRange& 
     return read;
 }
 
-void showLine(Output& out, std::string_view title, std::string_view value) {
-    constexpr std::size_t titleWidth = 12;
-    std::string line(title);
-    line.resize(std::max(titleWidth, line.size()), ' ');
-    if (!value.empty())
-        (line += "  ") += value;
-    line.erase(line.find_last_not_of(' ') + 1);
-    out.writeLine(line);
-}
-
-std::string shortDate(const platform::Locale& locale, platform::FileTime time) {
-    const auto date = platform::toSystemTime(time);
-    return date && time != platform::FileTime{} ? cellText(locale.shortDate(*date)) : std::string{};
-}
-
 // One line a field; the note, which may have lines of its own, stands last.
 void showLines(Session& session, const TimeEntry& entry) {
     EntryOutput output(app::timeRules(session.settings()));
@@ -82,25 +67,11 @@ void showLines(Session& session, const TimeEntry& entry) {
     const auto titles = entryCellTitles();
     const auto cells = output.cells(entry, locale);
     for (std::size_t i = 0; i < titles.size(); ++i)
-        showLine(session.out(), titles[i].title, cells[i]);
-    showLine(session.out(), "Break", platform::hundredths(entry.breakTime));
-    showLine(session.out(), "Paid Date", shortDate(locale, entry.paidDate));
-    showLine(session.out(), cellText(resources::string(StringId::columnNote)),
-             platform::printableUtf8(output.noteText(entry)));
-}
-
-ExitCode showProperties(Session& session, store::Stores& stores) {
-    platform::PropertyBuffer properties;
-    if (stores.entries().read(properties) != ReadResult::ok)
-        return session.failWrite();
-    if (session.json()) {
-        JsonWriter json(session.out());
-        writeProperties(json, properties);
-        json.finish();
-    } else {
-        writeProperties(session.out(), properties);
-    }
-    return ExitCode::done;
+        writeField(session.out(), titles[i].title, cells[i]);
+    writeField(session.out(), "Break", platform::hundredths(entry.breakTime));
+    writeField(session.out(), "Paid Date", shortDateText(locale, entry.paidDate));
+    writeField(session.out(), cellText(resources::string(StringId::columnNote)),
+               platform::printableUtf8(output.noteText(entry)));
 }
 
 } // namespace
@@ -111,7 +82,7 @@ ExitCode entryShow(Session& session, const Arguments& arguments) {
     if (!stores || !readEntry(session, *stores, recordIdOf(arguments.positionals().front()), entry))
         return ExitCode::refused;
     if (arguments.has(option::properties))
-        return showProperties(session, *stores);
+        return showProperties(session, stores->entries());
     if (session.json()) {
         JsonWriter json(session.out());
         EntryOutput(app::timeRules(session.settings())).writeJson(json, entry);

@@ -5,40 +5,15 @@
 #include "billing/duration.h"
 #include "cli/date_text.h"
 #include "cli/display_width.h"
+#include "cli/record_values.h"
 #include "platform/utf.h"
 #include "resources/strings.h"
 
 namespace hourwright::cli {
 
-namespace {
-
-using platform::FileTime;
 using platform::SystemTime;
 using resources::StringId;
 using store::TimeEntry;
-
-using TimeFormat = std::string (*)(const SystemTime&);
-
-void writeTime(JsonWriter& json, std::string_view name, const std::optional<SystemTime>& time, TimeFormat format) {
-    json.key(name);
-    if (time)
-        json.value(std::string_view(format(*time)));
-    else
-        json.null();
-}
-
-std::optional<SystemTime> unlessZero(FileTime time) {
-    return time == FileTime{} ? std::nullopt : platform::toSystemTime(time);
-}
-
-std::string statusText(store::EntryStatus status) {
-    if (status > store::EntryStatus::paid)
-        return std::to_string(static_cast<unsigned>(status));
-    const auto id = resources::number(StringId::statusNonBillable) + static_cast<unsigned>(status);
-    return cellText(resources::string(static_cast<StringId>(id)));
-}
-
-} // namespace
 
 void EntryOutput::writeJson(JsonWriter& json, const TimeEntry& entry) {
     json.beginObject().member("id", static_cast<std::uint32_t>(entry.id));

@@ -1,50 +1,30 @@
 #include "cli/entry_records.h"
-#include "cli/joined.h"
-
-#include <set>
 
 namespace hourwright::cli {
 
 using store::RecordId;
 using store::TimeEntry;
 
-RecordId recordIdOf(std::string_view text) {
-    return RecordId{numberOf(text)};
-}
-
 bool readEntry(Session& session, store::Stores& stores, RecordId id, TimeEntry& out) {
     store::RecordStore& entries = stores.entries();
-    const bool found = entries.seek(platform::Seek::toId(id)) != RecordId::none;
-    if (found && store::readTimeEntry(entries, out) == store::ReadResult::ok)
+    if (!seekRecord(session, entries, id, "entry"))
+        return false;
+    if (store::readTimeEntry(entries, out) == store::ReadResult::ok)
         return true;
-    if (found || entries.lastError() != platform::PlatformError::noMoreItems)
-        session.failWrite();
-    else
-        session.fail(platform::PlatformError::invalidParameter,
-                     joined({"There is no entry with id ", std::to_string(static_cast<std::uint32_t>(id)), "."}));
+    session.failWrite();
     return false;
 }
 
 ExitCode forEachEntry(Session& session, const Arguments& arguments,
                       const std::function<bool(platform::Transaction&, store::Stores&, TimeEntry&)>& work) {
-    store::Stores* const stores = session.stores();
-    if (!stores)
-        return ExitCode::refused;
-    const auto transaction = stores->objects().begin();
-    if (!transaction)
-        return session.failWrite();
-    std::set<RecordId> done;
     TimeEntry entry;
-    for (const std::string_view text : arguments.positionals()) {
-        const RecordId id = recordIdOf(text);
-        if (!done.insert(id).second)
-            continue;
-        if (!readEntry(session, *stores, id, entry))
+    const auto workOn = [&](platform::Transaction& transaction, store::Stores& stores,
+                            RecordId id) -> std::optional<ExitCode> {
+        if (!readEntry(session, stores, id, entry))
             return ExitCode::refused;
-        if (!work(*transaction, *stores, entry))
-            return session.failWrite();
-    }
-    return transaction->commit() ? ExitCode::done : session.failWrite();
+        return work(transaction, stores, entry) ? std::nullopt : std::optional(session.failWrite());
+    };
+    return forEachRecordId(session, arguments, workOn);
 }
 
 ExitCode changeEntries(Session& session, const Arguments& arguments, const std::function<void(TimeEntry&)>& change) {

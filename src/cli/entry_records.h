@@ -1,15 +1,11 @@
 #pragma once
 
-#include "cli/session.h"
-#include "store/stores.h"
+#include "cli/record_access.h"
 #include "store/time_entry.h"
 
 #include <functional>
 
 namespace hourwright::cli {
-
-/// The record id in a text that was accepted as one.
-[[nodiscard]] store::RecordId recordIdOf(std::string_view text);
 
 /// Reads the entry with this id and makes its record the current one. False, with the message shown, when there is
 /// none.

@@ -10,9 +10,16 @@ ExitCode entryEdit(Session& session, const Arguments& arguments);
 ExitCode entryShow(Session& session, const Arguments& arguments);
 ExitCode entryList(Session& session, const Arguments& arguments);
 ExitCode entryDelete(Session& session, const Arguments& arguments);
+ExitCode entryCopy(Session& session, const Arguments& arguments);
 ExitCode entryToggleBilled(Session& session, const Arguments& arguments);
 ExitCode entryPay(Session& session, const Arguments& arguments);
 ExitCode entryUnpay(Session& session, const Arguments& arguments);
+
+ExitCode expenseAdd(Session& session, const Arguments& arguments);
+ExitCode expenseEdit(Session& session, const Arguments& arguments);
+ExitCode expenseShow(Session& session, const Arguments& arguments);
+ExitCode expenseList(Session& session, const Arguments& arguments);
+ExitCode expenseDelete(Session& session, const Arguments& arguments);
 
 ExitCode periodDay(Session& session, const Arguments& arguments);
 ExitCode periodWeek(Session& session, const Arguments& arguments);

@@ -48,13 +48,14 @@ std::optional<Period> periodAround(Session& session, PeriodKind kind, std::optio
     return orRefuse(session, app::periodOf(session.settings(), kind, *day), kind);
 }
 
-std::optional<Period> periodOption(Session& session, const Arguments& arguments) {
+std::optional<Period> periodOption(Session& session, const Arguments& arguments, PeriodView view) {
     for (const KindOption& kind : kindOptions)
         if (arguments.has(*kind.option))
             return periodAround(session, kind.kind, arguments.value(*kind.option));
     if (arguments.has(option::custom))
         return customPeriod(session, arguments);
-    return periodAround(session, app::periodKind(session.settings().view), {});
+    const app::AppSettings& settings = session.settings();
+    return periodAround(session, app::periodKind(view == PeriodView::entries ? settings.view : settings.expView), {});
 }
 
 } // namespace hourwright::cli

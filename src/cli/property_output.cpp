@@ -39,4 +39,18 @@ void writeProperties(Output& out, const platform::PropertyBuffer& properties) {
         out.writeLine(propertyLine(value));
 }
 
+ExitCode showProperties(Session& session, store::RecordStore& records) {
+    platform::PropertyBuffer properties;
+    if (records.read(properties) != store::ReadResult::ok)
+        return session.fail(records.lastError());
+    if (session.json()) {
+        JsonWriter json(session.out());
+        writeProperties(json, properties);
+        json.finish();
+    } else {
+        writeProperties(session.out(), properties);
+    }
+    return ExitCode::done;
+}
+
 } // namespace hourwright::cli

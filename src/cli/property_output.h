@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/json_writer.h"
+#include "cli/session.h"
 #include "platform/property.h"
 
 namespace hourwright::cli {
@@ -10,5 +11,8 @@ void writeProperties(JsonWriter& json, const platform::PropertyBuffer& propertie
 
 /// The properties as lines, in stored order.
 void writeProperties(Output& out, const platform::PropertyBuffer& properties);
+
+/// Prints the properties of the store's current record, one a line or as one JSON document.
+ExitCode showProperties(Session& session, store::RecordStore& records);
 
 } // namespace hourwright::cli

@@ -1,0 +1,80 @@
+#include "app/settings_rules.h"
+#include "billing/new_entry.h"
+#include "cli/expense_fields.h"
+#include "cli/expense_output.h"
+#include "cli/handlers.h"
+#include "cli/record_access.h"
+#include "store/save.h"
+
+namespace hourwright::cli {
+
+namespace {
+
+using billing::ExpenseDraft;
+using store::ExpenseEntry;
+
+ExitCode apply(Session& session, const ExpenseDraft& draft, ExpenseEntry& expense) {
+    if (const auto refusal = billing::applyDraft(draft, expense))
+        return showRefusal(session, *refusal);
+    expense.modified = session.clock().now();
+    return ExitCode::done;
+}
+
+ExitCode save(Session& session, store::Stores& stores, platform::Transaction& transaction, ExpenseEntry& expense) {
+    const bool saved = store::saveExpenseEntry(transaction, stores, expense) && transaction.commit();
+    return saved ? ExitCode::done : session.fail(stores.expenses().lastError());
+}
+
+store::ExpenseType typeOf(const Arguments& arguments) {
+    return arguments.positionals().front() == "mileage" ? store::ExpenseType::mileage : store::ExpenseType::general;
+}
+
+} // namespace
+
+ExitCode expenseAdd(Session& session, const Arguments& arguments) {
+    ExpenseDraft draft;
+    if (const auto failure = readExpenseFields(session, arguments, draft))
+        return *failure;
+    ExpenseEntry expense =
+        billing::newExpense(typeOf(arguments), app::newEntryDefaults(session.settings()), session.clock().localTime());
+    if (const ExitCode applied = apply(session, draft, expense); applied != ExitCode::done)
+        return applied;
+    store::Stores* const stores = session.stores();
+    if (!stores)
+        return ExitCode::refused;
+    const auto transaction = stores->objects().begin();
+    const ExitCode saved = transaction ? save(session, *stores, *transaction, expense) : session.failWrite();
+    if (saved == ExitCode::done)
+        session.out().writeLine(std::to_string(static_cast<std::uint32_t>(expense.id)));
+    return saved;
+}
+
+ExitCode expenseEdit(Session& session, const Arguments& arguments) {
+    ExpenseDraft draft;
+    if (const auto failure = readExpenseFields(session, arguments, draft))
+        return *failure;
+    store::Stores* const stores = session.stores();
+    if (!stores)
+        return ExitCode::refused;
+    const auto transaction = stores->objects().begin();
+    if (!transaction)
+        return session.failWrite();
+    ExpenseEntry expense;
+    if (!readExpense(session, *stores, recordIdOf(arguments.positionals().front()), expense))
+        return ExitCode::refused;
+    const ExitCode applied = apply(session, draft, expense);
+    return applied == ExitCode::done ? save(session, *stores, *transaction, expense) : applied;
+}
+
+ExitCode expenseDelete(Session& session, const Arguments& arguments) {
+    const auto remove = [&](platform::Transaction& transaction, store::Stores& stores,
+                            store::RecordId id) -> std::optional<ExitCode> {
+        if (!seekRecord(session, stores.expenses(), id, "expense"))
+            return ExitCode::refused;
+        const bool deleted = stores.expenses().deleteCurrent(transaction);
+        return deleted ? std::nullopt : std::optional(session.fail(stores.expenses().lastError()));
+    };
+    return forEachRecordId(session, arguments, remove);
+}
+
+} // namespace hourwright::cli

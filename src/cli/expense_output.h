@@ -1,0 +1,26 @@
+#pragma once
+
+#include "cli/json_writer.h"
+#include "cli/session.h"
+#include "cli/text_table.h"
+#include "platform/locale.h"
+#include "store/expense_entry.h"
+#include "store/stores.h"
+
+#include <string>
+#include <vector>
+
+/// Reading and printing expenses.
+namespace hourwright::cli {
+
+/// Reads the expense with this id and makes its record the current one. False, with the message shown, when there is
+/// none.
+[[nodiscard]] bool readExpense(Session& session, store::Stores& stores, store::RecordId id, store::ExpenseEntry& out);
+
+void writeExpense(JsonWriter& json, const store::ExpenseEntry& expense);
+
+/// The cells of an expense for people, and their titles.
+[[nodiscard]] std::vector<std::string> expenseCells(const store::ExpenseEntry& expense, const platform::Locale& locale);
+[[nodiscard]] std::vector<TableColumn> expenseCellTitles();
+
+} // namespace hourwright::cli

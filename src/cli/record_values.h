@@ -1,0 +1,31 @@
+#pragma once
+
+#include "cli/json_writer.h"
+#include "platform/file_time.h"
+#include "platform/locale.h"
+#include "store/entry_types.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+/// Values that time entries and expenses print alike.
+namespace hourwright::cli {
+
+/// The calendar fields of an instant; nothing for the zero that stands for none.
+[[nodiscard]] std::optional<platform::SystemTime> unlessZero(platform::FileTime time);
+
+/// A member with a date or time, null for none.
+void writeTime(JsonWriter& json, std::string_view name, const std::optional<platform::SystemTime>& time,
+               std::string (*format)(const platform::SystemTime&));
+
+/// The name of a status, or its number when it has none.
+[[nodiscard]] std::string statusText(store::EntryStatus status);
+
+/// The short date of an instant; empty for the zero that stands for none.
+[[nodiscard]] std::string shortDateText(const platform::Locale& locale, platform::FileTime time);
+
+/// A line for people: the title, then the value in a column of its own.
+void writeField(Output& out, std::string_view title, std::string_view value);
+
+} // namespace hourwright::cli
