@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/error.h"
-#include "resources/strings.h"
+#include "billing/field_refusal.h"
 #include "store/client_structure.h"
 
 #include <cstddef>
@@ -19,14 +18,7 @@ inline constexpr std::size_t maxRateText = 16;
 
 enum class RateField : std::uint8_t { type, description, rate };
 
-/// Why a rate was refused: the field that gets the focus, the message, and for the message "Error: %d" its number.
-struct RateRefusal {
-    RateField field;
-    resources::StringId message;
-    platform::PlatformError error = platform::PlatformError::none;
-
-    friend bool operator==(const RateRefusal&, const RateRefusal&) = default;
-};
+using RateRefusal = FieldRefusal<RateField>;
 
 /// What stands in the rate dialog.
 struct RateDraft {
