@@ -3,6 +3,7 @@
 #include "platform/error.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <span>
@@ -17,6 +18,12 @@ public:
     virtual ~FileWriter() = default;
 
     [[nodiscard]] virtual bool write(std::string_view bytes) = 0;
+    /// True when bytes that were written can be taken back: in a file they can, in standard output or a pipe they
+    /// cannot.
+    [[nodiscard]] virtual bool canTakeBack() const { return false; }
+    /// Takes back the last `count` of the bytes written. An error when they cannot be taken back or are not so many.
+    [[nodiscard]] virtual bool takeBack([[maybe_unused]] std::uint64_t count) { return false; }
+
     /// Writes what is left and closes the file; false when anything was not written.
     [[nodiscard]] virtual bool close() = 0;
     [[nodiscard]] virtual PlatformError error() const = 0;

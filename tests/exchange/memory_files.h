@@ -3,6 +3,7 @@
 #include "platform/file_writer.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 
 namespace hourwright::test {
@@ -14,6 +15,7 @@ public:
     std::size_t room = static_cast<std::size_t>(-1);
     bool denied = false;
     bool closed = false;
+    bool takesBack = false; ///< bytes can be taken back
     bool closeFails = false;
 
     platform::CreatedFile create(const std::filesystem::path&) override {
@@ -33,6 +35,12 @@ private:
             if (!full_)
                 files_.content += bytes;
             return !full_;
+        }
+        [[nodiscard]] bool canTakeBack() const override { return files_.takesBack; }
+        bool takeBack(std::uint64_t count) override {
+            if (files_.takesBack && !full_)
+                files_.content.resize(files_.content.size() - static_cast<std::size_t>(count));
+            return files_.takesBack && !full_;
         }
         bool close() override {
             files_.closed = true;

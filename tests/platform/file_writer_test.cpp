@@ -126,6 +126,46 @@ TEST_F(FileWriterTest, AFileThatIsClosedTakesNoMore) {
     EXPECT_EQ(created.writer->error(), PlatformError::invalidHandle);
 }
 
+TEST_F(FileWriterTest, TakesBackWhatAFileHolds) {
+    struct Case {
+        std::size_t written;
+        std::uint64_t count;
+        const char* expected; // of the first 4 bytes
+        std::size_t size;
+    };
+    const Case cases[] = {
+        {0, 0, "+", 1}, {3, 0, "xxx+", 4}, {3, 2, "x+", 2}, {3, 3, "+", 1}, {300'000, 299'998, "xx+", 3}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.written);
+        const auto created = files_.create(directory_ / "out");
+        EXPECT_TRUE(created.writer->canTakeBack());
+        EXPECT_TRUE(created.writer->write(std::string(c.written, 'x')));
+        EXPECT_TRUE(created.writer->takeBack(c.count));
+        EXPECT_TRUE(created.writer->write("+"));
+        EXPECT_TRUE(created.writer->close());
+        EXPECT_EQ(contents(directory_ / "out").substr(0, 4), c.expected);
+        EXPECT_EQ(contents(directory_ / "out").size(), c.size);
+    }
+}
+
+TEST_F(FileWriterTest, TakesBackNothingElse) {
+    const auto more = files_.create(directory_ / "out");
+    EXPECT_TRUE(more.writer->write("xx"));
+    EXPECT_FALSE(more.writer->takeBack(3));
+    EXPECT_EQ(more.writer->error(), PlatformError::invalidParameter);
+
+    const auto closed = files_.create(directory_ / "out");
+    EXPECT_TRUE(closed.writer->close());
+    EXPECT_FALSE(closed.writer->canTakeBack());
+    EXPECT_FALSE(closed.writer->takeBack(0));
+
+    EXPECT_FALSE(files_.create("-").writer->canTakeBack());
+    const auto device = files_.create("/dev/null");
+    EXPECT_FALSE(device.writer->canTakeBack());
+    EXPECT_TRUE(device.writer->write("xx"));
+    EXPECT_FALSE(device.writer->takeBack(1));
+}
+
 TEST_F(FileWriterTest, StandardOutputStaysOpen) {
     const auto file = directory_ / "stdout";
     EXPECT_TRUE(succeeded(inChild([&] {

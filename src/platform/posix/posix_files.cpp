@@ -29,9 +29,29 @@ public:
             return false;
         if (bytes.size() > bufferSize - buffer_.size() && !flush())
             return false;
+        written_ += bytes.size();
         if (bytes.size() > bufferSize)
             return fail(writeAll(file_, bytes));
         buffer_.append(bytes);
+        return true;
+    }
+
+    [[nodiscard]] bool canTakeBack() const override {
+        struct stat status {};
+        return owned_ && file_ >= 0 && ::fstat(file_, &status) == 0 && S_ISREG(status.st_mode);
+    }
+
+    [[nodiscard]] bool takeBack(std::uint64_t count) override {
+        if (error_ != PlatformError::none)
+            return false;
+        if (!canTakeBack() || count > written_)
+            return fail(PlatformError::invalidParameter);
+        if (!flush())
+            return false;
+        written_ -= count;
+        const auto end = static_cast<off_t>(written_);
+        if (::ftruncate(file_, end) != 0 || ::lseek(file_, end, SEEK_SET) != end)
+            return fail(fromErrno(errno));
         return true;
     }
 
@@ -70,6 +90,7 @@ private:
     int file_;
     bool owned_;
     PlatformError error_ = PlatformError::none;
+    std::uint64_t written_ = 0; // counts what the buffer holds
     std::string buffer_;
 };
 
