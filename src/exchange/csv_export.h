@@ -1,19 +1,12 @@
 #pragma once
 
 #include "exchange/csv_options.h"
-#include "exchange/export_target.h"
-#include "store/date_walk.h"
-
-#include <functional>
+#include "exchange/export_run.h"
 
 namespace hourwright::exchange {
 
-/// Decide which records of the range are exported.
-using TimeEntryFilter = std::function<bool(const store::TimeEntry&)>;
-using ExpenseFilter = std::function<bool(const store::ExpenseEntry&)>;
-
 /// Writes a header line and one line for every record of the range that the filter accepts, in date order. Nothing in
-/// the range leaves a file with the header. After a failure the file stays with what was written.
+/// the range leaves a file with the header.
 [[nodiscard]] ExportResult exportTimeEntries(store::RecordStore& entries, const store::DateRange& range,
                                              const TimeEntryFilter& accepts, const CsvOptions& options,
                                              const ExportTarget& target);
