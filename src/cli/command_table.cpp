@@ -63,6 +63,9 @@ constexpr std::array nameAndValue{ArgumentSpec{"NAME", ValueKind::text, "registr
 constexpr std::array nameAndData{
     ArgumentSpec{"NAME", ValueKind::text, "registry value name"},
     ArgumentSpec{"DATA", ValueKind::text, "dword:N, sz:TEXT or hex:aa,bb,... (hexadecimal bytes)"}};
+constexpr std::array expenseTypeAndFile{
+    ArgumentSpec{"TYPE", ValueKind::choice, "the type of expenses", true, false, "general|mileage"},
+    ArgumentSpec{"FILE", ValueKind::file, "file to write, - for standard output"}};
 constexpr std::array fileName{ArgumentSpec{"FILE", ValueKind::file, "file to write, - for standard output"}};
 constexpr std::array databaseName{ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"}};
 constexpr std::array databaseAndId{ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"},
@@ -127,6 +130,13 @@ constexpr std::array commandTable{
     CommandSpec{"period", "custom", "the custom period of the settings", {}, {}, periodCustom},
     CommandSpec{
         "export", "csv", "write the entries of a period as comma-separated values", fileName, {&period}, exportCsv},
+    CommandSpec{"export",
+                "expenses",
+                "write the expenses of a period, of one type, as comma-separated values",
+                expenseTypeAndFile,
+                {&period},
+                exportExpenses},
+    CommandSpec{"export", "xml", "write the entries of a period as an XML document", fileName, {&period}, exportXml},
     CommandSpec{
         "store", "databases", "print name, type number, sort property and record count", {}, {}, storeDatabases},
     CommandSpec{

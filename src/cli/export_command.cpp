@@ -3,6 +3,9 @@
 #include "cli/period_option.h"
 #include "cli/session.h"
 #include "exchange/csv_export.h"
+#include "exchange/xml_export.h"
+
+#include <string>
 
 namespace hourwright::cli {
 
@@ -18,18 +21,43 @@ ExitCode endOfExport(Session& session, const exchange::ExportResult& result) {
                           joined({"platform error ", std::to_string(platform::number(result.error))}));
 }
 
-} // namespace
-
-ExitCode exportCsv(Session& session, const Arguments& arguments) {
+// Runs an export to the file that the given positional names, over the stores and instants that the options ask for.
+template<typename Export>
+ExitCode runExport(Session& session, const Arguments& arguments, std::size_t file, Export runIt) {
     const auto period = periodOption(session, arguments);
     store::Stores* const stores = period ? session.stores() : nullptr;
     if (!stores)
         return ExitCode::refused;
-    const auto everyEntry = [](const store::TimeEntry&) { return true; };
-    const exchange::ExportTarget target{session.files(), std::string(arguments.positionals().front()),
+    const exchange::ExportTarget target{session.files(), std::string(arguments.positionals()[file]),
                                         *session.locales().system};
-    return endOfExport(session, exchange::exportTimeEntries(stores->entries(), period->dateRange(), everyEntry,
-                                                            exchange::csvOptions(session.settings()), target));
+    return endOfExport(session, runIt(*stores, period->dateRange(), target));
+}
+
+constexpr auto everyRecord = [](const auto&) { return true; };
+
+} // namespace
+
+ExitCode exportCsv(Session& session, const Arguments& arguments) {
+    return runExport(session, arguments, 0, [&](store::Stores& stores, const auto& range, const auto& target) {
+        return exchange::exportTimeEntries(stores.entries(), range, everyRecord,
+                                           exchange::csvOptions(session.settings()), target);
+    });
+}
+
+ExitCode exportExpenses(Session& session, const Arguments& arguments) {
+    const auto type =
+        arguments.positionals().front() == "mileage" ? store::ExpenseType::mileage : store::ExpenseType::general;
+    return runExport(session, arguments, 1, [&](store::Stores& stores, const auto& range, const auto& target) {
+        return exchange::exportExpenses(stores.expenses(), type, range, everyRecord,
+                                        exchange::csvOptions(session.settings()), target);
+    });
+}
+
+ExitCode exportXml(Session& session, const Arguments& arguments) {
+    return runExport(session, arguments, 0, [&](store::Stores& stores, const auto& range, const auto& target) {
+        return exchange::exportXml(stores.entries(), range, everyRecord, exchange::xmlOptions(session.settings()),
+                                   target);
+    });
 }
 
 } // namespace hourwright::cli

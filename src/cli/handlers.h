@@ -39,6 +39,8 @@ ExitCode registryDelete(Session& session, const Arguments& arguments);
 ExitCode registryDeleteKey(Session& session, const Arguments& arguments);
 
 ExitCode exportCsv(Session& session, const Arguments& arguments);
+ExitCode exportExpenses(Session& session, const Arguments& arguments);
+ExitCode exportXml(Session& session, const Arguments& arguments);
 
 ExitCode storeDatabases(Session& session, const Arguments& arguments);
 ExitCode storeDump(Session& session, const Arguments& arguments);
