@@ -1,38 +1,13 @@
-#include "app/demo/demo_store.h"
-#include "exchange/note_document.h"
-#include "platform/posix/flock_mutex.h"
-#include "platform/sqlite/sqlite_object_store.h"
+#include "demo_home.h"
 #include "store/date_walk.h"
-#include "support/memory_registry.h"
-#include "support/temporary_directory.h"
 
 #include <benchmark/benchmark.h>
 #include <filesystem>
-#include <memory>
-#include <string>
 
 using namespace hourwright;
-namespace demo = hourwright::app::demo;
+using bench::Home;
 
 namespace {
-
-/// A store in a directory of its own.
-struct Home {
-    test::TemporaryDirectory directory;
-    test::MemoryRegistry registry;
-    std::unique_ptr<platform::NamedMutex> mutex =
-        platform::makeNamedMutex(directory.path(), std::string(store::clientIdMutexName));
-    std::unique_ptr<platform::ObjectStore> objects =
-        platform::openSqliteObjectStore(directory.path() / "bench.db").store;
-    store::Stores stores{*objects, *mutex, registry};
-
-    bool fill(std::uint64_t entries) {
-        const auto encode = [](std::u16string_view text) { return exchange::writeNote(exchange::fromPlainText(text)); };
-        const demo::DemoOptions options{
-            .entries = entries, .seed = 1, .lastDay = {.year = 2026, .month = 6, .day = 19}};
-        return stores.open() && demo::fillWithDemoHistory(stores, options, encode) == demo::DemoResult::done;
-    }
-};
 
 void fillStore(benchmark::State& state) {
     const auto entries = static_cast<std::uint64_t>(state.range(0));
