@@ -1,5 +1,6 @@
 #include "app/demo/demo_store.h"
 
+#include "store/client_structure.h"
 #include "store/fields.h"
 #include "store/pick_lists.h"
 
@@ -77,14 +78,12 @@ private:
 
     bool writeRates(std::uint32_t clientId, const DemoClient& client) {
         return std::ranges::all_of(client.rates, [&](const DemoRate& rate) {
-            const std::array properties = {
-                PropertyValue::ofUi4(field::clientId, clientId),
-                PropertyValue::ofUi2(field::kind, static_cast<std::uint16_t>(rate.type)),
-                PropertyValue::ofText(field::description, rate.description),
-                PropertyValue::ofUi4(field::rate, static_cast<std::uint32_t>(rate.hundredths)),
-                PropertyValue::ofFileTime(field::stamp, stamp_),
-                PropertyValue::ofUi2(field::flags, store::flagsNew)};
-            return write(stores_.rates(), properties);
+            store::RateRecord record{.clientId = clientId,
+                                     .type = rate.type,
+                                     .description = rate.description,
+                                     .rate = rate.hundredths,
+                                     .modified = stamp_};
+            return store::writeRate(transaction_, stores_, record);
         });
     }
 
