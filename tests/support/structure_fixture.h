@@ -35,16 +35,20 @@ protected:
         return rate;
     }
 
-    /// A client with two of everything below it.
+    /// A client with something of everything below it.
     std::uint32_t makeFullClient(std::u16string_view name) {
-        const std::uint32_t clientId = makeClient(name);
-        makeProject(clientId, u"Bridge", u"Survey");
-        makeProject(clientId, u"Bridge", u"Design");
-        makeProject(clientId, u"Tunnel", u"Survey");
-        makeTask(clientId, u"Travel");
-        makeTask(clientId, u"Office");
-        makeContact(clientId, u"Ms Lind");
-        makeRate(clientId, u"Standard");
+        std::uint32_t clientId = 0;
+        change([&](auto& transaction) {
+            clientId = store::addClient(transaction, stores(), name);
+            EXPECT_TRUE(store::addProjectTask(transaction, stores(), clientId, u"Bridge", u"Survey"));
+            EXPECT_TRUE(store::addProjectTask(transaction, stores(), clientId, u"Bridge", u"Design"));
+            EXPECT_TRUE(store::addProjectTask(transaction, stores(), clientId, u"Tunnel", u"Survey"));
+            EXPECT_TRUE(store::addTask(transaction, stores(), clientId, u"Travel"));
+            EXPECT_TRUE(store::addTask(transaction, stores(), clientId, u"Office"));
+            EXPECT_TRUE(store::addContact(transaction, stores(), clientId, u"Ms Lind"));
+            store::RateRecord rate{.clientId = clientId, .description = u"Standard", .rate = 4550};
+            EXPECT_TRUE(store::writeRate(transaction, stores(), rate));
+        });
         return clientId;
     }
 
