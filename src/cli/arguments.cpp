@@ -39,7 +39,11 @@ std::optional<std::uint16_t> findNumbered(std::string_view text, std::string_vie
 
 bool fits(ValueKind kind, std::string_view choices, std::string_view text) {
     switch (kind) {
-    case ValueKind::text: return true;
+    case ValueKind::text:
+    case ValueKind::clientName:
+    case ValueKind::projectName:
+    case ValueKind::taskName:
+    case ValueKind::contactName: return true;
     case ValueKind::date: return parseDate(text).has_value();
     case ValueKind::time: return parseTime(text).has_value();
     case ValueKind::dateTime: return parseDateTime(text).has_value();
@@ -160,6 +164,10 @@ private:
         case ValueKind::choice:
         case ValueKind::numbered: appendChoices(reason, choices); break;
         case ValueKind::text:
+        case ValueKind::clientName:
+        case ValueKind::projectName:
+        case ValueKind::taskName:
+        case ValueKind::contactName:
         case ValueKind::file:
         case ValueKind::directory: reason += "it must not be empty"; break;
         }

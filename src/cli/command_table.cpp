@@ -47,6 +47,27 @@ constexpr std::array idOption{&option::id};
 constexpr OptionGroup recordId{"", "", idOption};
 constexpr std::array demoOptions{&option::entries, &option::seed};
 constexpr OptionGroup demoGroup{"", "", demoOptions};
+constexpr std::array taskProjectOption{&option::taskProject};
+constexpr OptionGroup taskProject{"", "", taskProjectOption};
+constexpr std::array rateOptions{&option::rateKind, &option::rateDescription, &option::rateAmount};
+constexpr OptionGroup rateFields{"", "", rateOptions};
+constexpr std::array wipeOptions{&option::wipeRates};
+constexpr OptionGroup wipeGroup{"", "", wipeOptions};
+
+constexpr ArgumentSpec clientArgument{"CLIENT", ValueKind::clientName, "name of the client"};
+constexpr std::array newClient{ArgumentSpec{"NAME", ValueKind::text, "name of the new client"}};
+constexpr std::array clientName{ArgumentSpec{"NAME", ValueKind::clientName, "name of the client"}};
+constexpr std::array optionalClient{ArgumentSpec{"NAME", ValueKind::clientName, "name of the client (all)", false}};
+constexpr std::array clientProject{clientArgument,
+                                   ArgumentSpec{"PROJECT", ValueKind::projectName, "name of the project"}};
+constexpr std::array clientProjectTask{clientArgument,
+                                       ArgumentSpec{"PROJECT", ValueKind::projectName, "name of the project"},
+                                       ArgumentSpec{"TASK", ValueKind::taskName, "name of one of its tasks"}};
+constexpr std::array clientTask{clientArgument, ArgumentSpec{"TASK", ValueKind::taskName, "name of the task"}};
+constexpr std::array clientContact{clientArgument, ArgumentSpec{"NAME", ValueKind::contactName, "name of the contact"}};
+constexpr std::array rateOwner{ArgumentSpec{"CLIENT", ValueKind::clientName,
+                                            "name of the client, or \"(Default Rates)\" for the rates of everybody"}};
+constexpr std::array rateId{ArgumentSpec{"ID", ValueKind::id, "record id of the rate"}};
 
 constexpr std::array entryId{ArgumentSpec{"ID", ValueKind::id, "record id of the entry"}};
 constexpr std::array entryIds{ArgumentSpec{"ID", ValueKind::id, "record ids of the entries", true, true}};
@@ -80,12 +101,18 @@ constexpr std::array databaseAndProperties{
 constexpr std::array topicTable{
     TopicSpec{"entry", "time entries"},
     TopicSpec{"expense", "general and mileage expenses"},
+    TopicSpec{"client", "clients, with all that belongs to them"},
+    TopicSpec{"project", "the projects of a client and their tasks"},
+    TopicSpec{"task", "the tasks of a client"},
+    TopicSpec{"contact", "whom a client's work is billed to"},
+    TopicSpec{"rate", "the rates of a client"},
     TopicSpec{"picklist", "the texts that entries and expenses have used"},
     TopicSpec{"settings", "the settings, loaded and saved as the program does it"},
     TopicSpec{"registry", "the raw values that settings are kept in"},
     TopicSpec{"period", "start and end of a day, week, month or custom period"},
     TopicSpec{"export", "files for other programs"},
     TopicSpec{"store", "databases and records as stored"},
+    TopicSpec{"wipe", "deletion of all data or of the client structure"},
     TopicSpec{"demo", "made-up data to try the program with"},
 };
 
@@ -115,6 +142,36 @@ constexpr std::array commandTable{
     CommandSpec{"expense", "show", "print one expense", expenseId, {&properties}, expenseShow},
     CommandSpec{"expense", "list", "print the expenses of a period", {}, {&period, &all}, expenseList},
     CommandSpec{"expense", "delete", "delete expenses", expenseIds, {}, expenseDelete},
+    CommandSpec{"client", "add", "add a client and print its client id", newClient, {}, clientAdd},
+    CommandSpec{"client", "list", "print all clients with their client ids", {}, {}, clientList},
+    CommandSpec{"client",
+                "tree",
+                "print clients with their projects, tasks, contacts and rates",
+                optionalClient,
+                {},
+                clientTree},
+    CommandSpec{"client",
+                "delete",
+                "delete a client with all that belongs to it; entries are preserved",
+                clientName,
+                {},
+                clientDelete},
+    CommandSpec{
+        "project", "add", "add a task to a project, which need not exist yet", clientProjectTask, {}, projectAdd},
+    CommandSpec{"project", "delete", "delete a project with its tasks", clientProject, {}, projectDelete},
+    CommandSpec{"task", "add", "add a task that belongs to no project", clientTask, {}, taskAdd},
+    CommandSpec{"task",
+                "delete",
+                "delete a task of a client or of one of its projects",
+                clientTask,
+                {&taskProject},
+                taskDelete},
+    CommandSpec{"contact", "add", "add a contact", clientContact, {}, contactAdd},
+    CommandSpec{"contact", "delete", "delete a contact", clientContact, {}, contactDelete},
+    CommandSpec{"rate", "add", "add a rate and print its record id", rateOwner, {&rateFields}, rateAdd},
+    CommandSpec{"rate", "list", "print the rates of a client", rateOwner, {}, rateList},
+    CommandSpec{"rate", "edit", "change the given fields of a rate", rateId, {&rateFields}, rateEdit},
+    CommandSpec{"rate", "delete", "delete a rate", rateId, {}, rateDelete},
     CommandSpec{"picklist", "show", "print a list's texts, one a line", listName, {}, picklistShow},
     CommandSpec{"settings", "list", "print all settings by registry value name", {}, {}, settingsList},
     CommandSpec{"settings", "get", "print one setting", valueName, {}, settingsGet},
@@ -145,8 +202,20 @@ constexpr std::array commandTable{
         "store", "write", "write a raw record and print its id", databaseAndProperties, {&recordId}, storeWrite},
     CommandSpec{"store", "delete", "delete a record", databaseAndId, {}, storeDelete},
     CommandSpec{"store", "check", "verify the store; exit code 1 when it is damaged", {}, {}, storeCheck},
+    CommandSpec{"wipe", "all", "delete all data", {}, {}, wipeAll},
+    CommandSpec{"wipe",
+                "structure",
+                "delete the client structure; time and expense entries are preserved",
+                {},
+                {&wipeGroup},
+                wipeStructure},
     CommandSpec{"demo", "", "fill an empty store with a made-up consultant's data", {}, {&demoGroup}, demo},
 };
+
+// What completion scripts ask; it is not for people, so that help does not know it.
+constexpr std::array namesKind{
+    ArgumentSpec{"KIND", ValueKind::choice, "which names", true, false, "clients|projects|tasks|contacts"}};
+constexpr std::array hiddenCommands{CommandSpec{"__names", "", "print names for completion", namesKind, {}, names}};
 
 } // namespace
 
@@ -163,6 +232,8 @@ std::span<const CommandSpec> commands() {
 }
 
 std::span<const CommandSpec> commandsOf(std::string_view topic) {
+    if (topic == hiddenCommands.front().name)
+        return hiddenCommands;
     const auto first = std::ranges::find(commandTable, topic, &CommandSpec::name);
     const auto last = std::find_if(first, commandTable.end(), [&](const CommandSpec& c) { return c.name != topic; });
     return {first, last};

@@ -16,13 +16,17 @@ enum class ExitCode : std::uint8_t { done = 0, refused = 1, usage = 2 };
 /// What a value on the command line must look like; the parser checks it, completion offers what fits.
 enum class ValueKind : std::uint8_t {
     text,
-    date,     ///< YYYY-MM-DD, today, yesterday, tomorrow, +N, -N
-    time,     ///< HH:MM
-    dateTime, ///< YYYY-MM-DD HH:MM:SS
-    number,   ///< 0 to 4294967295
-    id,       ///< 1 to 4294967295
-    choice,   ///< one of `choices`
-    numbered, ///< one of `choices`, or its position counted from 0
+    clientName,  ///< a text; completion offers the names that the client structure has
+    projectName, ///< the same
+    taskName,    ///< the same
+    contactName, ///< the same
+    date,        ///< YYYY-MM-DD, today, yesterday, tomorrow, +N, -N
+    time,        ///< HH:MM
+    dateTime,    ///< YYYY-MM-DD HH:MM:SS
+    number,      ///< 0 to 4294967295
+    id,          ///< 1 to 4294967295
+    choice,      ///< one of `choices`
+    numbered,    ///< one of `choices`, or its position counted from 0
     file,
     directory,
 };
@@ -102,10 +106,10 @@ inline constexpr OptionSpec start{"--start",    Arity::one, ValueKind::time, "HH
 inline constexpr OptionSpec noStart{"--no-start", Arity::none, {}, "", "no start time", "", Family::start};
 inline constexpr OptionSpec end{"--end", Arity::one, ValueKind::time, "HH:MM",
                                 "end time: the duration comes from start, break and end"};
-inline constexpr OptionSpec client{"--client", Arity::one, ValueKind::text, "TEXT", "client"};
-inline constexpr OptionSpec project{"--project", Arity::one, ValueKind::text, "TEXT", "project"};
+inline constexpr OptionSpec client{"--client", Arity::one, ValueKind::clientName, "TEXT", "client"};
+inline constexpr OptionSpec project{"--project", Arity::one, ValueKind::projectName, "TEXT", "project"};
 inline constexpr OptionSpec phase{"--phase", Arity::one, ValueKind::text, "TEXT", "phase"};
-inline constexpr OptionSpec task{"--task", Arity::one, ValueKind::text, "TEXT", "task"};
+inline constexpr OptionSpec task{"--task", Arity::one, ValueKind::taskName, "TEXT", "task"};
 inline constexpr OptionSpec duration{"--duration", Arity::one, ValueKind::text, "HOURS", "duration in hours"};
 inline constexpr OptionSpec breakTime{"--break", Arity::one, ValueKind::text, "HOURS", "break in hours"};
 inline constexpr OptionSpec status{"--status",       Arity::one,    ValueKind::numbered, "STATUS",
@@ -114,7 +118,7 @@ inline constexpr OptionSpec currency{"--currency", Arity::one, ValueKind::text, 
 inline constexpr OptionSpec rate{"--rate", Arity::one, ValueKind::text, "AMOUNT", "rate per hour"};
 inline constexpr OptionSpec rateType{"--rate-type",  Arity::one,      ValueKind::numbered, "TYPE",
                                      "kind of rate", rateTypeChoices, Family::none,        true};
-inline constexpr OptionSpec billTo{"--bill-to", Arity::one, ValueKind::text, "TEXT", "contact that is billed"};
+inline constexpr OptionSpec billTo{"--bill-to", Arity::one, ValueKind::contactName, "TEXT", "contact that is billed"};
 inline constexpr OptionSpec custom1{"--custom1", Arity::one, ValueKind::text, "TEXT", "first custom field"};
 inline constexpr OptionSpec custom2{"--custom2", Arity::one, ValueKind::text, "TEXT", "second custom field"};
 inline constexpr OptionSpec custom3{"--custom3", Arity::one, ValueKind::text, "TEXT", "third custom field"};
@@ -167,6 +171,16 @@ inline constexpr OptionSpec entries{"--entries", Arity::one, ValueKind::number, 
                                     "number of time entries (default 1000)"};
 inline constexpr OptionSpec seed{"--seed", Arity::one, ValueKind::number, "S", "another seed, other data (default 1)"};
 
+inline constexpr OptionSpec taskProject{"--project", Arity::one, ValueKind::projectName, "PROJECT",
+                                        "project of the task"};
+inline constexpr OptionSpec rateKind{"--type", Arity::one,     ValueKind::numbered,
+                                     "TYPE",   "kind of rate", rateTypeChoices};
+inline constexpr OptionSpec rateDescription{"--description", Arity::one, ValueKind::text, "TEXT",
+                                            "what the rate is for"};
+inline constexpr OptionSpec rateAmount{"--rate", Arity::one, ValueKind::text, "AMOUNT",
+                                       "the rate; digits past the second decimal are cut off"};
+inline constexpr OptionSpec wipeRates{"--rates", Arity::none, {}, "", "delete all rates too"};
+
 } // namespace option
 
 /// The options that every command takes.
@@ -175,7 +189,7 @@ inline constexpr OptionSpec seed{"--seed", Arity::one, ValueKind::number, "S", "
 /// The command words in the order in which help lists them.
 [[nodiscard]] std::span<const TopicSpec> topics();
 
-/// Every command, those of one topic together.
+/// Every command, those of one topic together; not the one that only completion scripts call.
 [[nodiscard]] std::span<const CommandSpec> commands();
 
 /// The commands of one topic; empty for an unknown word.

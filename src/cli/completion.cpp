@@ -5,6 +5,7 @@
 #include "cli/joined.h"
 
 #include <algorithm>
+#include <set>
 #include <vector>
 
 namespace hourwright::cli {
@@ -25,6 +26,17 @@ Offer offerOf(const OptionSpec& option) {
 
 Offer offerOf(const ArgumentSpec& argument) {
     return {argument.kind, argument.kind == ValueKind::date ? dateWords : argument.choices};
+}
+
+// The kind of names to ask the program for; empty for other values.
+std::string_view namesOf(ValueKind kind) {
+    switch (kind) {
+    case ValueKind::clientName: return "clients";
+    case ValueKind::projectName: return "projects";
+    case ValueKind::taskName: return "tasks";
+    case ValueKind::contactName: return "contacts";
+    default: return "";
+    }
 }
 
 std::string spaced(std::string_view choices) {
@@ -61,7 +73,9 @@ std::string bashOffer(const Offer& offer) {
         return "offer=files";
     if (offer.kind == ValueKind::directory)
         return "offer=directories";
-    return joined({"words='", spaced(offer.choices), "'"});
+    if (const auto names = namesOf(offer.kind); !names.empty())
+        return joined({"offer=names words=", names});
+    return joined({"offer= words='", spaced(offer.choices), "'"});
 }
 
 std::string bashValueCases(std::span<const OptionSpec* const> options, std::string_view indent) {
@@ -73,12 +87,24 @@ std::string bashValueCases(std::span<const OptionSpec* const> options, std::stri
     return out;
 }
 
+// What is offered at each place; the last place stands for those behind it too.
+std::string bashArgumentCases(std::span<const ArgumentSpec> arguments) {
+    if (arguments.empty())
+        return {};
+    if (arguments.size() == 1)
+        return joined({"            ", bashOffer(offerOf(arguments.front())), "\n"});
+    std::string out = "            case $place in\n";
+    for (std::size_t i = 0; i < arguments.size(); ++i)
+        out += joined({"                ", i + 1 < arguments.size() ? std::to_string(i) : "*", ") ",
+                       bashOffer(offerOf(arguments[i])), " ;;\n"});
+    return joined({out, "            esac\n"});
+}
+
 std::string bashCommandCase(const CommandSpec& command) {
     const auto options = optionsOf(command);
     std::string out = joined({"        ", command.name, "/", command.subcommand, ")\n"});
     out += joined({"            options='", optionWords(options), "'\n"});
-    if (!command.arguments.empty())
-        out += joined({"            ", bashOffer(offerOf(command.arguments.front())), "\n"});
+    out += bashArgumentCases(command.arguments);
     if (const std::string cases = bashValueCases(options, "                "); !cases.empty())
         out += joined({"            case $previous in\n", cases, "            esac\n"});
     return joined({out, "            ;;\n"});
@@ -91,43 +117,65 @@ std::string bashTopicCase(const TopicSpec& topic) {
 constexpr std::string_view bashHead = R"(# Completion of hwctl for bash; made from its command table.
 _hwctl() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local command= subcommand= options= words= offer= value= word i
+    local command= subcommand= options= words= offer= value= word i name plain place=0
+    local -a home=()
     for ((i = 1; i < COMP_CWORD; i++)); do
         word=${COMP_WORDS[i]}
         case $word in
+        --home) home=(--home "${COMP_WORDS[++i]}") ;;
         @SKIPPED@) ((i++)) ;;
         -*) ;;
-        *) if [[ -z $command ]]; then command=$word; elif [[ -z $subcommand ]]; then subcommand=$word; fi ;;
+        *) if [[ -z $command ]]; then command=$word
+           elif [[ -z $subcommand ]]; then subcommand=$word
+           else ((place++)); fi ;;
         esac
     done
     [[ $command == demo ]] && subcommand=
     case $command/$subcommand in
 )";
 
-constexpr std::string_view bashTail = R"(    esac
+constexpr std::string_view bashTail = R"sh(    esac
     if [[ $current == -* && -z $value ]]; then
         words="$options @GLOBALS@" offer=
     fi
     case $offer in
     files) COMPREPLY=($(compgen -f -- "$current")); compopt -o filenames 2>/dev/null ;;
     directories) COMPREPLY=($(compgen -d -- "$current")); compopt -o filenames 2>/dev/null ;;
+    names)
+        plain=${current#[\"\']}
+        plain=${plain//\\/}
+        while IFS= read -r name; do
+            [[ $name == "$plain"* ]] || continue
+            [[ $current == [\"\']* ]] && COMPREPLY+=("$name") || COMPREPLY+=("$(printf %q "$name")")
+        done < <("${COMP_WORDS[0]}" "${home[@]}" __names "$words" 2>/dev/null)
+        ;;
     *) COMPREPLY=($(compgen -W "$words" -- "$current")) ;;
     esac
 }
 complete -F _hwctl hwctl
-)";
+)sh";
 
 void fill(std::string& text, std::string_view place, std::string_view by) {
     if (const auto at = text.find(place); at != std::string::npos)
         text.replace(at, place.size(), by);
 }
 
-std::string withValue(std::span<const OptionSpec* const> options, std::string_view separator) {
-    std::string names;
-    for (const OptionSpec* option : options)
-        if (option->arity == Arity::one)
-            (names += names.empty() ? "" : separator) += option->name;
-    return names;
+// The options that the word behind them belongs to, for a case of the shell.
+std::string optionsWithValue() {
+    std::set<std::string_view> options;
+    const auto insert = [&options](const OptionGroup& group) {
+        for (const OptionSpec* option : group.options)
+            if (option->arity == Arity::one)
+                options.insert(option->name);
+    };
+    insert(globalOptions());
+    for (const CommandSpec& command : commands())
+        for (const OptionGroup* group : groupsOf(command))
+            insert(*group);
+    std::string words;
+    for (const std::string_view option : options)
+        (words += words.empty() ? "" : "|") += option;
+    return words;
 }
 
 // ---- zsh ----
@@ -151,6 +199,8 @@ std::string zshAction(const Offer& offer) {
         return "_files";
     if (offer.kind == ValueKind::directory)
         return "_files -/";
+    if (const auto names = namesOf(offer.kind); !names.empty())
+        return joined({"_hwctl_names ", names});
     return offer.choices.empty() ? " " : joined({"(", spaced(offer.choices), ")"});
 }
 
@@ -183,6 +233,12 @@ std::string zshCommandCase(const CommandSpec& command) {
 
 constexpr std::string_view zshHead = R"(#compdef hwctl
 # Completion of hwctl for zsh; made from its command table.
+_hwctl_names() {
+  local -a names
+  names=("${(@f)$(hwctl __names ${@[-1]} 2>/dev/null)}")
+  compadd "${@[1,-2]}" -a names
+}
+
 _hwctl() {
   local curcontext="$curcontext" state line command subcommand
   local -a globals topics subcommands
@@ -241,6 +297,8 @@ std::string fishValue(const Offer& offer) {
         return " -F";
     if (offer.kind == ValueKind::directory)
         return " -a '(__fish_complete_directories)'";
+    if (const auto names = namesOf(offer.kind); !names.empty())
+        return joined({" -a '(hwctl __names ", names, " 2>/dev/null)'"});
     return offer.choices.empty() ? "" : joined({" -a ", fishText(spaced(offer.choices))});
 }
 
@@ -294,8 +352,7 @@ std::string bashCompletion() {
     for (const CommandSpec& command : commands())
         out += bashCommandCase(command);
     out += joined({"    esac\n    case $previous in\n", bashValueCases(globalOptions().options, "        "), bashTail});
-    std::string skipped = withValue(globalOptions().options, "|");
-    fill(out, "@SKIPPED@", skipped);
+    fill(out, "@SKIPPED@", optionsWithValue());
     fill(out, "@GLOBALS@", optionWords(globalOptions().options));
     return out;
 }

@@ -26,6 +26,28 @@ ExitCode periodWeek(Session& session, const Arguments& arguments);
 ExitCode periodMonth(Session& session, const Arguments& arguments);
 ExitCode periodCustom(Session& session, const Arguments& arguments);
 
+ExitCode clientAdd(Session& session, const Arguments& arguments);
+ExitCode clientList(Session& session, const Arguments& arguments);
+ExitCode clientTree(Session& session, const Arguments& arguments);
+ExitCode clientDelete(Session& session, const Arguments& arguments);
+
+ExitCode projectAdd(Session& session, const Arguments& arguments);
+ExitCode projectDelete(Session& session, const Arguments& arguments);
+
+ExitCode taskAdd(Session& session, const Arguments& arguments);
+ExitCode taskDelete(Session& session, const Arguments& arguments);
+
+ExitCode contactAdd(Session& session, const Arguments& arguments);
+ExitCode contactDelete(Session& session, const Arguments& arguments);
+
+ExitCode rateAdd(Session& session, const Arguments& arguments);
+ExitCode rateList(Session& session, const Arguments& arguments);
+ExitCode rateEdit(Session& session, const Arguments& arguments);
+ExitCode rateDelete(Session& session, const Arguments& arguments);
+
+/// Prints names of the client structure for completion, one a line.
+ExitCode names(Session& session, const Arguments& arguments);
+
 ExitCode picklistShow(Session& session, const Arguments& arguments);
 
 ExitCode settingsList(Session& session, const Arguments& arguments);
@@ -47,6 +69,9 @@ ExitCode storeDump(Session& session, const Arguments& arguments);
 ExitCode storeWrite(Session& session, const Arguments& arguments);
 ExitCode storeDelete(Session& session, const Arguments& arguments);
 ExitCode storeCheck(Session& session, const Arguments& arguments);
+
+ExitCode wipeAll(Session& session, const Arguments& arguments);
+ExitCode wipeStructure(Session& session, const Arguments& arguments);
 
 ExitCode demo(Session& session, const Arguments& arguments);
 

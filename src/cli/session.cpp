@@ -12,6 +12,7 @@
 #include "platform/utf.h"
 
 #include <array>
+#include <filesystem>
 
 namespace hourwright::cli {
 
@@ -90,6 +91,11 @@ const platform::Locales& Session::locales() {
         locales_ = std::make_unique<platform::Locales>(makeLocale(user), makeLocale(system));
     }
     return *locales_;
+}
+
+bool Session::hasStore() {
+    std::error_code ignored;
+    return std::filesystem::exists(directories().recordsFile(), ignored);
 }
 
 platform::ObjectStore* Session::objects() {

@@ -38,10 +38,14 @@ public:
     [[nodiscard]] const platform::Clock& clock() const { return *clock_; }
     [[nodiscard]] platform::Files& files() { return environment_.files; }
 
+    /// Shows messages and asks questions.
+    [[nodiscard]] platform::MessageBox& messages();
     [[nodiscard]] platform::Registry& registry();
     [[nodiscard]] app::AppSettings& settings();
     [[nodiscard]] const platform::Locales& locales();
 
+    /// True when there is a store; opening it would make one.
+    [[nodiscard]] bool hasStore();
     /// The volume; null when it cannot be opened.
     [[nodiscard]] platform::ObjectStore* objects();
     /// The program's record stores on it, made when missing; null when they cannot be opened.
@@ -61,7 +65,6 @@ public:
 
 private:
     [[nodiscard]] const platform::Directories& directories();
-    [[nodiscard]] platform::MessageBox& messages();
     [[nodiscard]] app::SettingsDevice settingsDevice();
     void addReason(std::string_view reason);
     void openObjects();
