@@ -74,7 +74,7 @@ constexpr std::array entryIds{ArgumentSpec{"ID", ValueKind::id, "record ids of t
 constexpr std::array expenseId{ArgumentSpec{"ID", ValueKind::id, "record id of the expense"}};
 constexpr std::array expenseIds{ArgumentSpec{"ID", ValueKind::id, "record ids of the expenses", true, true}};
 constexpr std::array expenseType{
-    ArgumentSpec{"TYPE", ValueKind::choice, "general or mileage", true, false, option::expenseTypeChoices}};
+    ArgumentSpec{"TYPE", ValueKind::choice, "kind of expense", true, false, option::expenseTypeChoices}};
 constexpr std::array optionalDate{ArgumentSpec{"DATE", ValueKind::date, "a day of the period (today)", false}};
 constexpr std::array listName{ArgumentSpec{"LIST", ValueKind::choice, "the list", true, false,
                                            "phases|currencies|custom1|custom2|custom3|categories|descriptions"}};
@@ -85,7 +85,7 @@ constexpr std::array nameAndData{
     ArgumentSpec{"NAME", ValueKind::text, "registry value name"},
     ArgumentSpec{"DATA", ValueKind::text, "dword:N, sz:TEXT or hex:aa,bb,... (hexadecimal bytes)"}};
 constexpr std::array expenseTypeAndFile{
-    ArgumentSpec{"TYPE", ValueKind::choice, "the type of expenses", true, false, "general|mileage"},
+    ArgumentSpec{"TYPE", ValueKind::choice, "the type of expenses", true, false, option::expenseTypeChoices},
     ArgumentSpec{"FILE", ValueKind::file, "file to write, - for standard output"}};
 constexpr std::array fileName{ArgumentSpec{"FILE", ValueKind::file, "file to write, - for standard output"}};
 constexpr std::array databaseName{ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"}};

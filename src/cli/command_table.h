@@ -140,7 +140,7 @@ inline constexpr OptionSpec startOdometer{
     "--start-odo", Arity::one, ValueKind::number, "N", "odometer at the start (mileage only)", "", Family::none, true};
 inline constexpr OptionSpec distance{"--distance", Arity::one, ValueKind::number, "N", "distance (mileage only)", "",
                                      Family::none, true};
-inline constexpr OptionSpec receipt{"--receipt", Arity::one, ValueKind::choice, "yes|no", "whether there is a receipt",
+inline constexpr OptionSpec receipt{"--receipt", Arity::one, ValueKind::choice, "ANSWER", "whether there is a receipt",
                                     yesNoChoices};
 
 inline constexpr OptionSpec copyTo{"--to", Arity::one,        ValueKind::date, "DATE", "copy to one day",

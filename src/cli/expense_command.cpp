@@ -25,18 +25,15 @@ ExitCode save(Session& session, store::Stores& stores, platform::Transaction& tr
     return saved ? ExitCode::done : session.fail(stores.expenses().lastError());
 }
 
-store::ExpenseType typeOf(const Arguments& arguments) {
-    return arguments.positionals().front() == "mileage" ? store::ExpenseType::mileage : store::ExpenseType::general;
-}
-
 } // namespace
 
 ExitCode expenseAdd(Session& session, const Arguments& arguments) {
     ExpenseDraft draft;
     if (const auto failure = readExpenseFields(session, arguments, draft))
         return *failure;
+    const store::ExpenseType type{choiceOf(arguments.positionals().front(), option::expenseTypeChoices)};
     ExpenseEntry expense =
-        billing::newExpense(typeOf(arguments), app::newEntryDefaults(session.settings()), session.clock().localTime());
+        billing::newExpense(type, app::newEntryDefaults(session.settings()), session.clock().localTime());
     if (const ExitCode applied = apply(session, draft, expense); applied != ExitCode::done)
         return applied;
     store::Stores* const stores = session.stores();

@@ -21,14 +21,14 @@ ExitCode endOfExport(Session& session, const exchange::ExportResult& result) {
                           joined({"platform error ", std::to_string(platform::number(result.error))}));
 }
 
-// Runs an export to the file that the given positional names, over the stores and instants that the options ask for.
+// Runs an export to the file that the last positional names, over the stores and instants that the options ask for.
 template<typename Export>
-ExitCode runExport(Session& session, const Arguments& arguments, std::size_t file, Export runIt) {
-    const auto period = periodOption(session, arguments);
+ExitCode runExport(Session& session, const Arguments& arguments, PeriodView view, Export runIt) {
+    const auto period = periodOption(session, arguments, view);
     store::Stores* const stores = period ? session.stores() : nullptr;
     if (!stores)
         return ExitCode::refused;
-    const exchange::ExportTarget target{session.files(), std::string(arguments.positionals()[file]),
+    const exchange::ExportTarget target{session.files(), std::string(arguments.positionals().back()),
                                         *session.locales().system};
     return endOfExport(session, runIt(*stores, period->dateRange(), target));
 }
@@ -38,26 +38,28 @@ constexpr auto everyRecord = [](const auto&) { return true; };
 } // namespace
 
 ExitCode exportCsv(Session& session, const Arguments& arguments) {
-    return runExport(session, arguments, 0, [&](store::Stores& stores, const auto& range, const auto& target) {
-        return exchange::exportTimeEntries(stores.entries(), range, everyRecord,
-                                           exchange::csvOptions(session.settings()), target);
-    });
+    return runExport(session, arguments, PeriodView::entries,
+                     [&](store::Stores& stores, const auto& range, const auto& target) {
+                         return exchange::exportTimeEntries(stores.entries(), range, everyRecord,
+                                                            exchange::csvOptions(session.settings()), target);
+                     });
 }
 
 ExitCode exportExpenses(Session& session, const Arguments& arguments) {
-    const auto type =
-        arguments.positionals().front() == "mileage" ? store::ExpenseType::mileage : store::ExpenseType::general;
-    return runExport(session, arguments, 1, [&](store::Stores& stores, const auto& range, const auto& target) {
-        return exchange::exportExpenses(stores.expenses(), type, range, everyRecord,
-                                        exchange::csvOptions(session.settings()), target);
-    });
+    const store::ExpenseType type{choiceOf(arguments.positionals().front(), option::expenseTypeChoices)};
+    return runExport(session, arguments, PeriodView::expenses,
+                     [&](store::Stores& stores, const auto& range, const auto& target) {
+                         return exchange::exportExpenses(stores.expenses(), type, range, everyRecord,
+                                                         exchange::csvOptions(session.settings()), target);
+                     });
 }
 
 ExitCode exportXml(Session& session, const Arguments& arguments) {
-    return runExport(session, arguments, 0, [&](store::Stores& stores, const auto& range, const auto& target) {
-        return exchange::exportXml(stores.entries(), range, everyRecord, exchange::xmlOptions(session.settings()),
-                                   target);
-    });
+    return runExport(session, arguments, PeriodView::entries,
+                     [&](store::Stores& stores, const auto& range, const auto& target) {
+                         return exchange::exportXml(stores.entries(), range, everyRecord,
+                                                    exchange::xmlOptions(session.settings()), target);
+                     });
 }
 
 } // namespace hourwright::cli
