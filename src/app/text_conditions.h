@@ -34,7 +34,7 @@ private:
         std::u16string Record::*text;
     };
 
-    // Identical texts are the same in every locale, and that no text is the wanted one is a common case, too.
+    // Identical texts are the same in every locale.
     [[nodiscard]] bool isSame(const std::u16string& wanted, const std::u16string& text) const {
         return wanted == text || std::is_eq(locale_->compare(wanted, text));
     }

@@ -118,6 +118,17 @@ constexpr std::array table = {
     Row{StringId::csvGeneralHeader, u"\"Type\",\"Date\",\"Description\",\"Client\",\"Project\",\"Category\","
                                     u"\"Receipt\",\"Currency\",\"Amount\",\"Status\",\"Paid Date\",\"Bill To\",\""},
     Row{StringId::csvExpenseHeaderEnd, u"Note\""},
+    Row{StringId::expenseGeneral, u"General"},
+    Row{StringId::expenseMileage, u"Mileage"},
+    Row{StringId::expenseHasReceipt, u"Yes"},
+    Row{StringId::expenseDate, u"Date"},
+    Row{StringId::expenseType, u"Type"},
+    Row{StringId::expenseDescription, u"Description"},
+    Row{StringId::expenseCategory, u"Category"},
+    Row{StringId::expenseReceipt, u"Receipt"},
+    Row{StringId::expenseStartOdometer, u"Start Odo"},
+    Row{StringId::expenseEndOdometer, u"End Odo"},
+    Row{StringId::expenseDistance, u"Distance"},
 };
 
 static_assert(std::ranges::is_sorted(table, {}, &Row::id));

@@ -100,6 +100,17 @@ enum class StringId : std::uint16_t {
     csvMileageHeader = 9032,
     csvGeneralHeader = 9033,
     csvExpenseHeaderEnd = 9034,
+    expenseGeneral = 9040,
+    expenseMileage = 9041,
+    expenseHasReceipt = 9042,
+    expenseDate = 9050,
+    expenseType = 9051,
+    expenseDescription = 9052,
+    expenseCategory = 9053,
+    expenseReceipt = 9054,
+    expenseStartOdometer = 9055,
+    expenseEndOdometer = 9056,
+    expenseDistance = 9057,
 };
 
 /// The text with this number; empty for a number that is not in the table.

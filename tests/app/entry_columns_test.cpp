@@ -41,7 +41,7 @@ std::vector<std::u16string> cells(const TimeEntry& entry) {
 TEST(EntryColumns, showABillableEntry) {
     const std::vector<std::u16string> expected{
         u"16.11.26", u"client", u"project", u"phase", u"task", u"1.50",     u"14:05",         u"contact",
-        u"one",      u"two",    u"three",   u"16:05", u"EUR",  u"1.234,50", u"Overtime Rate", u"1.851,75"};
+        u"one",      u"two",    u"three",   u"15:35", u"EUR",  u"1.234,50", u"Overtime Rate", u"1.851,75"};
     EXPECT_EQ(cells(sample()), expected);
 }
 
@@ -55,12 +55,49 @@ TEST(EntryColumns, areEmptyWhereNothingIsToBeShown) {
     EXPECT_EQ(texts[5], u"1.50");
 }
 
+TEST(EntryColumns, endLeavesTheBreakOutAndGoesPastMidnight) {
+    struct Case {
+        std::uint16_t hour;
+        std::int32_t duration;
+        const char16_t* end;
+    };
+    const Case cases[] = {{9, 0, u"09:05"}, {9, 33, u"09:25"}, {9, 133, u"10:24"}, {23, 100, u"00:05"}};
+    for (const Case& c : cases) {
+        TimeEntry entry = sample();
+        entry.duration = c.duration;
+        ASSERT_TRUE(store::setDateAndStart(entry, {.year = 2026, .month = 11, .day = 16, .hour = c.hour, .minute = 5}));
+        EXPECT_EQ(cells(entry)[11], c.end) << c.hour << ' ' << c.duration;
+    }
+}
+
+TEST(EntryColumns, amountFollowsTheRules) {
+    const auto locale = platform::makeIcuLocale("en_US");
+    TimeEntry entry = sample();
+    entry.duration = 33;
+    entry.rate = 3000;
+    EXPECT_EQ(cellText(entry, 15, *locale, {}), u"9.90");
+    EXPECT_EQ(cellText(entry, 15, *locale, {.preciseMinutes = true}), u"10.00");
+    entry.rateType = store::RateType::fixed;
+    EXPECT_EQ(cellText(entry, 15, *locale, {}), u"30.00");
+}
+
+TEST(EntryColumns, rowImageShowsStatusAndNote) {
+    const std::vector<std::byte> note{std::byte{1}};
+    EXPECT_TRUE(getRowImage({}) == (RowImage{1, false}));
+    EXPECT_TRUE(getRowImage({.status = store::EntryStatus::billable, .note = note}) == (RowImage{2, true}));
+    EXPECT_TRUE(getRowImage({.status = store::EntryStatus::billed}) == (RowImage{3, false}));
+    EXPECT_TRUE(getRowImage({.status = store::EntryStatus::paid}) == (RowImage{4, false}));
+    EXPECT_TRUE(getRowImage({.status = store::EntryStatus{9}}) == (RowImage{1, false}));
+}
+
 TEST(EntryColumns, knowNoOtherColumnAndNoOtherRateType) {
     const auto locale = platform::makeIcuLocale("de_DE");
     TimeEntry entry = sample();
     EXPECT_EQ(cellText(entry, 16, *locale, {}), u"");
     entry.rateType = store::RateType{8};
     EXPECT_EQ(cellText(entry, 14, *locale, {}), u"");
+    entry.status = store::EntryStatus{4};
+    EXPECT_EQ(cellText(entry, 12, *locale, {}), u"") << "no status is not billable";
 }
 
 } // namespace
