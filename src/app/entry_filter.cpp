@@ -40,6 +40,10 @@ bool EntryFilter::save(platform::Registry& registry) const {
     return saveFilter(registry, *this, texts, numbers);
 }
 
+std::vector<StoredFilterValue> EntryFilter::storedValues() const {
+    return storedFilterValues(*this, texts, numbers);
+}
+
 bool EntryFilter::matches(const TimeEntry& entry, const platform::Locale& userLocale) const {
     return EntryMatcher(*this, userLocale).matches(entry);
 }

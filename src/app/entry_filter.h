@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/stored_filter_value.h"
 #include "app/text_conditions.h"
 #include "app/view_filter.h"
 #include "platform/locale.h"
@@ -8,6 +9,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace hourwright::app {
 
@@ -33,6 +35,9 @@ struct EntryFilter : ViewFilter {
 
     /// Stores the filter without custom fields and range, all of it or nothing; false when it was not stored.
     bool save(platform::Registry& registry) const;
+
+    /// What saving writes, in its order; empty texts, which it only removes, are included.
+    [[nodiscard]] std::vector<StoredFilterValue> storedValues() const;
 
     /// True when the entry is to be shown; see `EntryMatcher` for many entries.
     [[nodiscard]] bool matches(const store::TimeEntry& entry, const platform::Locale& userLocale) const;

@@ -48,6 +48,10 @@ bool ExpenseFilter::save(platform::Registry& registry) const {
     return saveFilter(registry, *this, texts, numbers);
 }
 
+std::vector<StoredFilterValue> ExpenseFilter::storedValues() const {
+    return storedFilterValues(*this, texts, numbers);
+}
+
 bool ExpenseFilter::matches(const ExpenseEntry& expense, const platform::Locale& userLocale) const {
     return ExpenseMatcher(*this, userLocale).matches(expense);
 }

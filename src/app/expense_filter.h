@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/stored_filter_value.h"
 #include "app/text_conditions.h"
 #include "app/view_filter.h"
 #include "platform/locale.h"
@@ -8,6 +9,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace hourwright::app {
 
@@ -35,6 +37,9 @@ struct ExpenseFilter : ViewFilter {
 
     /// Stores the filter without custom fields and range, all of it or nothing; false when it was not stored.
     bool save(platform::Registry& registry) const;
+
+    /// What saving writes, in its order; empty texts, which it only removes, are included.
+    [[nodiscard]] std::vector<StoredFilterValue> storedValues() const;
 
     /// True when the expense is to be shown; see `ExpenseMatcher` for many expenses.
     [[nodiscard]] bool matches(const store::ExpenseEntry& expense, const platform::Locale& userLocale) const;

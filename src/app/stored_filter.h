@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/stored_filter_value.h"
 #include "platform/registry.h"
 
 #include <array>
@@ -8,6 +9,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 /// How the view filters are kept in the registry: tables of their values, and loading and saving by them.
 namespace hourwright::app {
@@ -38,6 +41,19 @@ struct FilterNumber {
 
 /// Longer texts than this are no texts of a filter.
 inline constexpr std::size_t maxFilterText = 0x7FFF'FFFF;
+
+/// The values of a filter in the order of writing, empty texts included.
+template<typename Filter, typename Texts, typename Numbers>
+std::vector<StoredFilterValue> storedFilterValues(const Filter& filter, const Texts& texts, const Numbers& numbers) {
+    std::vector<StoredFilterValue> values;
+    for (std::size_t place = 0; place < texts.size(); ++place)
+        for (const auto& text : texts)
+            if (text.written == place)
+                values.push_back({text.value, filter.*text.wanted});
+    for (const auto& number : numbers)
+        values.push_back({number.value, number.get(filter)});
+    return values;
+}
 
 /// Loads what is stored into a new filter; what is missing or of another type keeps its default.
 template<typename Filter, typename Texts, typename Numbers>
@@ -94,12 +110,12 @@ bool saveFilter(platform::Registry& registry, const Filter& filter, const Texts&
     bool saved = true;
     for (const std::u16string_view name : removalOrder(texts, numbers))
         saved = key->remove(name) && saved;
-    for (std::size_t place = 0; place < texts.size(); ++place)
-        for (const auto& text : texts)
-            if (text.written == place && !(filter.*text.wanted).empty())
-                saved = key->writeString(text.value, filter.*text.wanted) && saved;
-    for (const auto& number : numbers)
-        saved = key->writeDword(number.value, number.get(filter)) && saved;
+    for (const StoredFilterValue& stored : storedFilterValues(filter, texts, numbers)) {
+        if (const auto* number = std::get_if<std::uint32_t>(&stored.value))
+            saved = key->writeDword(stored.name, *number) && saved;
+        else if (const auto& text = std::get<std::u16string>(stored.value); !text.empty())
+            saved = key->writeString(stored.name, text) && saved;
+    }
     return saved;
 }
 

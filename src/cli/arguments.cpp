@@ -208,8 +208,17 @@ std::optional<std::string_view> Arguments::value(const OptionSpec& option, std::
     return given->values[index];
 }
 
+std::vector<std::string_view> Arguments::values(const OptionSpec& option) const {
+    std::vector<std::string_view> values;
+    for (const Given& given : options_)
+        if (given.option->name == option.name)
+            values.insert(values.end(), given.values.begin(), given.values.end());
+    return values;
+}
+
 void Arguments::addOption(const OptionSpec& option, std::vector<std::string_view> values) {
-    std::erase_if(options_, [&](const Given& given) { return given.option->name == option.name; });
+    if (!option.repeatable)
+        std::erase_if(options_, [&](const Given& given) { return given.option->name == option.name; });
     options_.push_back({&option, std::move(values)});
 }
 

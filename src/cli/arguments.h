@@ -15,9 +15,12 @@ class Arguments {
 public:
     [[nodiscard]] bool has(const OptionSpec& option) const { return find(option) != nullptr; }
 
-    /// The option's value; nothing when the option was not given or was given without one. Of a repeated option the
-    /// last one counts.
+    /// The option's value; nothing when the option was not given or was given without one. Of an option that
+    /// was given again the last one counts.
     [[nodiscard]] std::optional<std::string_view> value(const OptionSpec& option, std::size_t index = 0) const;
+
+    /// The values of a repeatable option, in the order given.
+    [[nodiscard]] std::vector<std::string_view> values(const OptionSpec& option) const;
 
     [[nodiscard]] std::span<const std::string_view> positionals() const { return positionals_; }
 

@@ -35,6 +35,23 @@ constexpr OptionGroup copyGroup{"", "", copyOptions};
 constexpr std::array periodOptions{&option::day, &option::week, &option::month, &option::custom};
 constexpr OptionGroup period{"PERIOD", "Period (default: the stored view kind and today)", periodOptions};
 
+constexpr std::array entryFilterOptions{&option::client,  &option::project,    &option::phase,   &option::task,
+                                        &option::billTo,  &option::currency,   &option::custom1, &option::custom2,
+                                        &option::custom3, &option::rateType,   &option::hide,    &option::from,
+                                        &option::to,      &option::savedFilter};
+constexpr OptionGroup filter{"FILTER", "Filter (default: everything; texts must be the same, case included)",
+                             entryFilterOptions};
+constexpr std::array expenseFilterOptions{
+    &option::client,  &option::project, &option::category,    &option::billTo,  &option::currency,
+    &option::custom1, &option::custom2, &option::expenseKind, &option::receipt, &option::hide,
+    &option::from,    &option::to,      &option::savedFilter};
+constexpr OptionGroup expenseFilter{"FILTER", filter.title, expenseFilterOptions};
+constexpr std::array expenseConditionOptions{&option::category, &option::expenseKind, &option::receipt};
+constexpr OptionGroup expenseConditions{"", "Filter of expenses only", expenseConditionOptions};
+constexpr std::array forExpensesOption{&option::forExpenses};
+constexpr OptionGroup forExpenses{"", "", forExpensesOption};
+constexpr std::array listOptions{&option::all, &option::arrange, &option::columns};
+constexpr OptionGroup entryListing{"", "", listOptions};
 constexpr std::array allOption{&option::all};
 constexpr OptionGroup all{"", "", allOption};
 constexpr std::array propertiesOption{&option::properties};
@@ -107,6 +124,7 @@ constexpr std::array topicTable{
     TopicSpec{"contact", "whom a client's work is billed to"},
     TopicSpec{"rate", "the rates of a client"},
     TopicSpec{"picklist", "the texts that entries and expenses have used"},
+    TopicSpec{"filter", "the stored filters of the views"},
     TopicSpec{"settings", "the settings, loaded and saved as the program does it"},
     TopicSpec{"registry", "the raw values that settings are kept in"},
     TopicSpec{"period", "start and end of a day, week, month or custom period"},
@@ -125,7 +143,7 @@ constexpr std::array commandTable{
                 {&fields},
                 entryEdit},
     CommandSpec{"entry", "show", "print one entry", entryId, {&properties}, entryShow},
-    CommandSpec{"entry", "list", "print the entries of a period", {}, {&period, &all}, entryList},
+    CommandSpec{"entry", "list", "print the entries of a period", {}, {&period, &filter, &entryListing}, entryList},
     CommandSpec{"entry", "delete", "delete entries", entryIds, {}, entryDelete},
     CommandSpec{"entry", "copy", "copy an entry to other days and print the new ids", entryId, {&copyGroup}, entryCopy},
     CommandSpec{
@@ -140,7 +158,7 @@ constexpr std::array commandTable{
                 {&expenseFields},
                 expenseEdit},
     CommandSpec{"expense", "show", "print one expense", expenseId, {&properties}, expenseShow},
-    CommandSpec{"expense", "list", "print the expenses of a period", {}, {&period, &all}, expenseList},
+    CommandSpec{"expense", "list", "print the expenses of a period", {}, {&period, &expenseFilter, &all}, expenseList},
     CommandSpec{"expense", "delete", "delete expenses", expenseIds, {}, expenseDelete},
     CommandSpec{"client", "add", "add a client and print its client id", newClient, {}, clientAdd},
     CommandSpec{"client", "list", "print all clients with their client ids", {}, {}, clientList},
@@ -173,6 +191,15 @@ constexpr std::array commandTable{
     CommandSpec{"rate", "edit", "change the given fields of a rate", rateId, {&rateFields}, rateEdit},
     CommandSpec{"rate", "delete", "delete a rate", rateId, {}, rateDelete},
     CommandSpec{"picklist", "show", "print a list's texts, one a line", listName, {}, picklistShow},
+    CommandSpec{
+        "filter", "show", "print the stored filter by registry value name, as JSON", {}, {&forExpenses}, filterShow},
+    CommandSpec{"filter",
+                "set",
+                "store a filter; custom fields and dates are not kept",
+                {},
+                {&filter, &expenseConditions, &forExpenses},
+                filterSet},
+    CommandSpec{"filter", "clear", "store the filter that passes everything", {}, {&forExpenses}, filterClear},
     CommandSpec{"settings", "list", "print all settings by registry value name", {}, {}, settingsList},
     CommandSpec{"settings", "get", "print one setting", valueName, {}, settingsGet},
     CommandSpec{"settings", "set", "change one setting", nameAndValue, {}, settingsSet},
@@ -185,15 +212,20 @@ constexpr std::array commandTable{
     CommandSpec{"period", "week", "the week of a date", optionalDate, {&steps}, periodWeek},
     CommandSpec{"period", "month", "the month of a date", optionalDate, {&steps}, periodMonth},
     CommandSpec{"period", "custom", "the custom period of the settings", {}, {}, periodCustom},
-    CommandSpec{
-        "export", "csv", "write the entries of a period as comma-separated values", fileName, {&period}, exportCsv},
+    CommandSpec{"export",
+                "csv",
+                "write the entries of a period as comma-separated values",
+                fileName,
+                {&period, &filter},
+                exportCsv},
     CommandSpec{"export",
                 "expenses",
                 "write the expenses of a period, of one type, as comma-separated values",
                 expenseTypeAndFile,
-                {&period},
+                {&period, &expenseFilter},
                 exportExpenses},
-    CommandSpec{"export", "xml", "write the entries of a period as an XML document", fileName, {&period}, exportXml},
+    CommandSpec{
+        "export", "xml", "write the entries of a period as an XML document", fileName, {&period, &filter}, exportXml},
     CommandSpec{
         "store", "databases", "print name, type number, sort property and record count", {}, {}, storeDatabases},
     CommandSpec{

@@ -46,6 +46,7 @@ struct OptionSpec {
     std::string_view choices{}; ///< separated by '|'
     Family family = Family::none;
     bool clearable = false; ///< an empty value is allowed whatever the kind
+    bool repeatable = false;
 };
 
 struct ArgumentSpec {
@@ -162,6 +163,31 @@ inline constexpr OptionSpec custom{"--custom", Arity::two,    ValueKind::date, "
                                    "",         Family::period};
 inline constexpr OptionSpec all{"--all", Arity::none, {}, "", "all records, whatever their date", "", Family::period};
 
+inline constexpr std::string_view entryArrangeChoices =
+    "default|client|project|phase|task|bill-to|custom1|custom2|custom3";
+
+inline constexpr OptionSpec hide{"--hide",
+                                 Arity::one,
+                                 ValueKind::numbered,
+                                 "STATUS",
+                                 "leave this status out (repeatable)",
+                                 statusChoices,
+                                 Family::none,
+                                 false,
+                                 true};
+inline constexpr OptionSpec from{"--from", Arity::one, ValueKind::date, "DATE", "nothing before this day"};
+inline constexpr OptionSpec to{"--to", Arity::one, ValueKind::date, "DATE", "nothing after this day"};
+inline constexpr OptionSpec savedFilter{"--saved-filter", Arity::none, {}, "", "start from the stored filter"};
+inline constexpr OptionSpec expenseKind{
+    "--type", Arity::one, ValueKind::numbered, "TYPE", "type of the expense", expenseTypeChoices, Family::none, true};
+inline constexpr OptionSpec forExpenses{"--expenses", Arity::none, {}, "", "the filter of expenses"};
+inline constexpr OptionSpec arrange{
+    "--arrange",        Arity::one, ValueKind::numbered, "FIELD", "sort by this field (default: the stored choice)",
+    entryArrangeChoices};
+inline constexpr OptionSpec columns{
+    "--columns", Arity::one, ValueKind::text, "NAME,NAME,...",
+    "print these columns (default: id, status and the list's columns in the stored order)"};
+
 inline constexpr OptionSpec properties{"--properties", Arity::none, {}, "", "print the properties as stored"};
 inline constexpr OptionSpec previous{"--previous",        Arity::one, ValueKind::number, "N",
                                      "N periods earlier", "",         Family::step};
@@ -203,7 +229,7 @@ inline constexpr OptionSpec wipeRates{"--rates", Arity::none, {}, "", "delete al
 
 /// Calls `visit` with each of the words that `choices` separates by '|'.
 template<typename Visitor>
-void forEachChoice(std::string_view choices, Visitor visit) {
+constexpr void forEachChoice(std::string_view choices, Visitor visit) {
     while (!choices.empty()) {
         const auto bar = choices.find('|');
         visit(choices.substr(0, bar));

@@ -50,11 +50,12 @@ void EntryOutput::writeBilling(JsonWriter& json, const TimeEntry& entry) const {
     json.member("amount", billing::amountOf(entry, rules_));
 }
 
-std::vector<std::string> EntryOutput::cells(const TimeEntry& entry, const platform::Locale& locale) const {
-    std::vector<std::string> cells{std::to_string(static_cast<std::uint32_t>(entry.id)), statusText(entry.status)};
-    for (std::size_t column = 0; column < app::entryColumns().size(); ++column)
-        cells.push_back(cellText(app::cellText(entry, column, locale, rules_)));
-    return cells;
+std::string EntryOutput::cell(const TimeEntry& entry, std::size_t number, const platform::Locale& locale) const {
+    if (number == 0)
+        return std::to_string(static_cast<std::uint32_t>(entry.id));
+    if (number < firstColumnCell)
+        return statusText(entry.status);
+    return cellText(app::cellText(entry, number - firstColumnCell, locale, rules_));
 }
 
 std::u16string EntryOutput::noteText(const TimeEntry& entry) {
@@ -65,11 +66,11 @@ std::u16string EntryOutput::noteText(const TimeEntry& entry) {
     return text;
 }
 
-std::vector<CellTitle> entryCellTitles() {
-    std::vector<CellTitle> titles{{"ID", true}, {cellText(resources::string(StringId::columnStatus))}};
+std::vector<EntryCell> entryCells() {
+    std::vector<EntryCell> cells{{"id", "ID", true}, {"status", cellText(resources::string(StringId::columnStatus))}};
     for (const app::EntryColumn& column : app::entryColumns())
-        titles.push_back({cellText(resources::string(column.title)), column.alignRight});
-    return titles;
+        cells.push_back({column.name, cellText(resources::string(column.title)), column.alignRight});
+    return cells;
 }
 
 } // namespace hourwright::cli

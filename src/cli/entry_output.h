@@ -7,6 +7,7 @@
 #include "store/time_entry.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace hourwright::cli {
@@ -18,8 +19,9 @@ public:
 
     void writeJson(JsonWriter& json, const store::TimeEntry& entry);
 
-    /// The cells of an entry: record id and status, then the list's columns.
-    [[nodiscard]] std::vector<std::string> cells(const store::TimeEntry& entry, const platform::Locale& locale) const;
+    /// A cell of an entry; see `entryCells` for the numbers of cells.
+    [[nodiscard]] std::string cell(const store::TimeEntry& entry, std::size_t number,
+                                   const platform::Locale& locale) const;
 
     /// The note's text, with LF between lines.
     [[nodiscard]] std::u16string noteText(const store::TimeEntry& entry);
@@ -32,11 +34,17 @@ private:
     exchange::NoteTextConverter notes_;
 };
 
-/// A title for each of the cells, and those that stand to the right.
-struct CellTitle {
+/// What can be printed of an entry: its name in options, its title, and whether it stands to the right.
+struct EntryCell {
+    std::string_view name;
     std::string title;
     bool alignRight = false;
 };
-[[nodiscard]] std::vector<CellTitle> entryCellTitles();
+
+/// The cells by number: record id and status, then the list's columns by column index.
+[[nodiscard]] std::vector<EntryCell> entryCells();
+
+/// Number of the cell of the first column.
+inline constexpr std::size_t firstColumnCell = 2;
 
 } // namespace hourwright::cli

@@ -1,5 +1,6 @@
 #include "cli/display_width.h"
 #include "cli/expense_output.h"
+#include "cli/filter_option.h"
 #include "cli/handlers.h"
 #include "cli/period_option.h"
 #include "cli/property_output.h"
@@ -24,30 +25,44 @@ std::optional<store::DateRange> rangeOption(Session& session, const Arguments& a
     return period ? std::optional(period->dateRange()) : std::nullopt;
 }
 
-// Calls `visit` with each expense of the range; false when reading failed.
+// Which expenses to print.
+struct Listing {
+    store::DateRange range;
+    app::ExpenseFilter filter;
+};
+
+std::optional<Listing> listingOption(Session& session, const Arguments& arguments) {
+    const auto range = rangeOption(session, arguments);
+    auto filter = range ? expenseFilterOption(session, arguments) : std::nullopt;
+    return filter ? std::optional(Listing{*range, std::move(*filter)}) : std::nullopt;
+}
+
+// Calls `visit` with each expense of the listing; false when reading failed.
 template<typename Visitor>
-bool walk(Session& session, store::Stores& stores, const store::DateRange& range, Visitor visit) {
-    store::DateWalk expenses(stores.expenses(), range);
+bool walk(Session& session, store::Stores& stores, const Listing& listing, Visitor visit) {
+    const app::ExpenseMatcher matcher(listing.filter, *session.locales().user);
+    store::DateWalk expenses(stores.expenses(), listing.range);
     ExpenseEntry expense;
     ReadResult result = ReadResult::ok;
     while (!session.out().failed() && (result = expenses.next(expense)) == ReadResult::ok)
-        visit(expense);
+        if (matcher.matches(expense))
+            visit(expense);
     return result != ReadResult::failed;
 }
 
-bool listJson(Session& session, store::Stores& stores, const store::DateRange& range) {
+bool listJson(Session& session, store::Stores& stores, const Listing& listing) {
     JsonWriter json(session.out());
     json.beginArray();
-    const bool read = walk(session, stores, range, [&](const ExpenseEntry& expense) { writeExpense(json, expense); });
+    const bool read = walk(session, stores, listing, [&](const ExpenseEntry& expense) { writeExpense(json, expense); });
     json.endArray().finish();
     return read;
 }
 
-bool listTable(Session& session, store::Stores& stores, const store::DateRange& range) {
+bool listTable(Session& session, store::Stores& stores, const Listing& listing) {
     const platform::Locale& locale = *session.locales().user;
     TextTable table(session.out(), expenseCellTitles());
     const bool read =
-        walk(session, stores, range, [&](const ExpenseEntry& expense) { table.add(expenseCells(expense, locale)); });
+        walk(session, stores, listing, [&](const ExpenseEntry& expense) { table.add(expenseCells(expense, locale)); });
     table.finish();
     return read;
 }
@@ -92,11 +107,11 @@ ExitCode expenseShow(Session& session, const Arguments& arguments) {
 }
 
 ExitCode expenseList(Session& session, const Arguments& arguments) {
-    const auto range = rangeOption(session, arguments);
-    store::Stores* const stores = range ? session.stores() : nullptr;
+    const auto listing = listingOption(session, arguments);
+    store::Stores* const stores = listing ? session.stores() : nullptr;
     if (!stores)
         return ExitCode::refused;
-    const bool read = session.json() ? listJson(session, *stores, *range) : listTable(session, *stores, *range);
+    const bool read = session.json() ? listJson(session, *stores, *listing) : listTable(session, *stores, *listing);
     return read ? ExitCode::done : session.fail(stores->expenses().lastError());
 }
 

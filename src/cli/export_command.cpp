@@ -1,3 +1,4 @@
+#include "cli/filter_option.h"
 #include "cli/handlers.h"
 #include "cli/joined.h"
 #include "cli/period_option.h"
@@ -21,45 +22,59 @@ ExitCode endOfExport(Session& session, const exchange::ExportResult& result) {
                           joined({"platform error ", std::to_string(platform::number(result.error))}));
 }
 
-// Runs an export to the file that the last positional names, over the stores and instants that the options ask for.
-template<typename Export>
-ExitCode runExport(Session& session, const Arguments& arguments, PeriodView view, Export runIt) {
-    const auto period = periodOption(session, arguments, view);
-    store::Stores* const stores = period ? session.stores() : nullptr;
+// What the options of an export say about one kind of record.
+struct Entries {
+    using Matcher = app::EntryMatcher;
+    static constexpr PeriodView view = PeriodView::entries;
+    static constexpr auto filterOption = entryFilterOption;
+};
+struct Expenses {
+    using Matcher = app::ExpenseMatcher;
+    static constexpr PeriodView view = PeriodView::expenses;
+    static constexpr auto filterOption = expenseFilterOption;
+};
+
+// Runs an export to the file that the last positional names, over the stores, instants and records that the options
+// ask for.
+template<typename Records, typename Export>
+ExitCode runExport(Session& session, const Arguments& arguments, Export runIt) {
+    const auto period = periodOption(session, arguments, Records::view);
+    const auto filter = period ? Records::filterOption(session, arguments) : std::nullopt;
+    store::Stores* const stores = filter ? session.stores() : nullptr;
     if (!stores)
         return ExitCode::refused;
+    const typename Records::Matcher matcher(*filter, *session.locales().user);
+    const auto accepts = [&matcher](const auto& record) { return matcher.matches(record); };
     const exchange::ExportTarget target{session.files(), std::string(arguments.positionals().back()),
                                         *session.locales().system};
-    return endOfExport(session, runIt(*stores, period->dateRange(), target));
+    return endOfExport(session, runIt(*stores, period->dateRange(), accepts, target));
 }
-
-constexpr auto everyRecord = [](const auto&) { return true; };
 
 } // namespace
 
 ExitCode exportCsv(Session& session, const Arguments& arguments) {
-    return runExport(session, arguments, PeriodView::entries,
-                     [&](store::Stores& stores, const auto& range, const auto& target) {
-                         return exchange::exportTimeEntries(stores.entries(), range, everyRecord,
-                                                            exchange::csvOptions(session.settings()), target);
-                     });
+    return runExport<Entries>(session, arguments,
+                              [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
+                                  return exchange::exportTimeEntries(stores.entries(), range, accepts,
+                                                                     exchange::csvOptions(session.settings()), target);
+                              });
 }
 
 ExitCode exportExpenses(Session& session, const Arguments& arguments) {
     const store::ExpenseType type{choiceOf(arguments.positionals().front(), option::expenseTypeChoices)};
-    return runExport(session, arguments, PeriodView::expenses,
-                     [&](store::Stores& stores, const auto& range, const auto& target) {
-                         return exchange::exportExpenses(stores.expenses(), type, range, everyRecord,
-                                                         exchange::csvOptions(session.settings()), target);
-                     });
+    return runExport<Expenses>(session, arguments,
+                               [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
+                                   return exchange::exportExpenses(stores.expenses(), type, range, accepts,
+                                                                   exchange::csvOptions(session.settings()), target);
+                               });
 }
 
 ExitCode exportXml(Session& session, const Arguments& arguments) {
-    return runExport(session, arguments, PeriodView::entries,
-                     [&](store::Stores& stores, const auto& range, const auto& target) {
-                         return exchange::exportXml(stores.entries(), range, everyRecord,
-                                                    exchange::xmlOptions(session.settings()), target);
-                     });
+    return runExport<Entries>(session, arguments,
+                              [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
+                                  return exchange::exportXml(stores.entries(), range, accepts,
+                                                             exchange::xmlOptions(session.settings()), target);
+                              });
 }
 
 } // namespace hourwright::cli

@@ -50,6 +50,10 @@ ExitCode names(Session& session, const Arguments& arguments);
 
 ExitCode picklistShow(Session& session, const Arguments& arguments);
 
+ExitCode filterShow(Session& session, const Arguments& arguments);
+ExitCode filterSet(Session& session, const Arguments& arguments);
+ExitCode filterClear(Session& session, const Arguments& arguments);
+
 ExitCode settingsList(Session& session, const Arguments& arguments);
 ExitCode settingsGet(Session& session, const Arguments& arguments);
 ExitCode settingsSet(Session& session, const Arguments& arguments);
