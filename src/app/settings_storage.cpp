@@ -224,7 +224,7 @@ bool AppSettings::save(platform::Registry& registry) const {
     bool saved = true;
     for (const Setting& setting : settingTable)
         saved = saver.save(setting) && saved;
-    return saved;
+    return batch->commit() && saved;
 }
 
 } // namespace hourwright::app

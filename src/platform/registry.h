@@ -23,10 +23,13 @@ struct RegistryValue {
     friend bool operator==(const RegistryValue&, const RegistryValue&) = default;
 };
 
-/// Groups writes; see RegistryKey::batch.
+/// Groups writes; see RegistryKey::batch. It ends with `commit`, or when it is destroyed.
 class RegistryBatch {
 public:
     virtual ~RegistryBatch() = default;
+
+    /// Ends the group. False when a write of it had failed or storing it failed: then none of it is stored.
+    virtual bool commit() = 0;
 };
 
 /// One open key. Failures are silent: a read yields nothing, a write returns false. Names are found without regard to

@@ -350,6 +350,9 @@ TEST(AppSettings, FailuresAreSilent) {
     full.failWrites = true;
     EXPECT_EQ(full.load().minTime, 30);
     EXPECT_FALSE(everythingChanged().save(full));
+    full.failWrites = false;
+    full.failCommit = true; // the disk fills up at the very end
+    EXPECT_FALSE(everythingChanged().save(full));
     EXPECT_EQ(full.dword(u"MinTime"), 30U);
 }
 

@@ -178,6 +178,7 @@ TEST_P(RegistryContract, ABatchIsKeptWholeOrNotAtAll) {
         EXPECT_TRUE(key->writeDword(u"A", 3));
         EXPECT_FALSE(gone->writeDword(u"V", 3));
         EXPECT_FALSE(key->writeDword(u"C", 3));
+        EXPECT_FALSE(batch->commit());
     }
     EXPECT_EQ(key->readDword(u"A"), 2U);
     EXPECT_FALSE(key->query(u"C"));

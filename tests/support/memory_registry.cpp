@@ -23,7 +23,7 @@ bool isBelow(std::u16string_view path, std::u16string_view parent) {
 
 } // namespace
 
-class MemoryRegistryBatch : public platform::RegistryBatch {
+class MemoryRegistryBatch final : public platform::RegistryBatch {
 public:
     explicit MemoryRegistryBatch(MemoryRegistry& registry) : registry_(registry) {
         ++registry_.batches;
@@ -32,12 +32,21 @@ public:
             before_ = registry_.keys_;
         }
     }
-    ~MemoryRegistryBatch() override {
-        if (--registry_.batchDepth_ == 0 && registry_.batchFailed_)
+    ~MemoryRegistryBatch() override { commit(); }
+
+    bool commit() override {
+        if (!open_)
+            return stored_;
+        open_ = false;
+        stored_ = !registry_.batchFailed_ && !registry_.failCommit;
+        if (--registry_.batchDepth_ == 0 && !stored_)
             registry_.keys_ = before_;
+        return stored_;
     }
 
 private:
+    bool open_ = true;
+    bool stored_ = false;
     MemoryRegistry& registry_;
     std::vector<MemoryRegistry::Key> before_;
 };

@@ -20,6 +20,7 @@ public:
     bool failOpen = false;
     bool failCreate = false;
     bool failWrites = false;
+    bool failCommit = false; ///< a batch cannot be stored at its end
 
     /// Number of values stored or removed so far, failed attempts not counted.
     int writes = 0;

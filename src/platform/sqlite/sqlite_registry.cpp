@@ -9,15 +9,24 @@ namespace {
 
 using sqlite::RegistryFile;
 
-class Batch : public RegistryBatch {
+class Batch final : public RegistryBatch {
 public:
     explicit Batch(RegistryFile& file) : file_(file) { file_.beginWrites(); }
-    ~Batch() override { file_.endWrites(); }
+    ~Batch() override { commit(); }
     Batch(const Batch&) = delete;
     Batch& operator=(const Batch&) = delete;
 
+    bool commit() override {
+        if (open_)
+            stored_ = file_.endWrites();
+        open_ = false;
+        return stored_;
+    }
+
 private:
     RegistryFile& file_;
+    bool open_ = true;
+    bool stored_ = false;
 };
 
 class Key : public RegistryKey {
