@@ -116,7 +116,7 @@ bool saveFilter(platform::Registry& registry, const Filter& filter, const Texts&
         else if (const auto& text = std::get<std::u16string>(stored.value); !text.empty())
             saved = key->writeString(stored.name, text) && saved;
     }
-    return saved;
+    return batch->commit() && saved;
 }
 
 } // namespace hourwright::app

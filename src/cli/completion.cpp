@@ -180,7 +180,7 @@ std::string optionsWithValue() {
 
 // ---- zsh ----
 
-// Text within a single-quoted _arguments specification.
+// Text within a single-quoted _arguments argument.
 std::string zshText(std::string_view text) {
     std::string out;
     for (const char c : text) {

@@ -18,6 +18,9 @@ public:
     std::vector<std::string> changes;
 
 private:
+    class Batch : public platform::RegistryBatch {
+        bool commit() override { return true; }
+    };
     class Key : public platform::RegistryKey {
     public:
         explicit Key(RecordingRegistry& registry) : registry_(registry) {}
@@ -32,7 +35,7 @@ private:
         }
         [[nodiscard]] std::vector<platform::RegistryValue> values() const override { return {}; }
         [[nodiscard]] std::unique_ptr<platform::RegistryBatch> batch() override {
-            return std::make_unique<platform::RegistryBatch>();
+            return std::make_unique<Batch>();
         }
 
     private:
