@@ -23,91 +23,87 @@ std::size_t lineBreakSize(std::u16string_view text, std::size_t place) {
 /// Turns what the parser finds into pieces and records.
 class MarkupDocument::Builder final : public MarkupSink {
 public:
-    explicit Builder(MarkupDocument& document) : document_(document) {}
+    Builder(MarkupDocument& document, std::u16string_view text)
+        : document_(document), text_(text), open_(&document.top()), last_(&document.top().body) {}
 
     void startElement(const StartTag& tag) override {
         endContentBefore(tag.begin);
-        const RecordIndex element = document_.newRecord();
-        document_.link(element, open_, document_.index_[open_].lastChild);
-        Record& record = document_.index_[element];
-        record.nameBegin = static_cast<std::size_t>(tag.name.data() - document_.memory_.data());
-        record.nameSize = tag.name.size();
-        record.empty = tag.empty;
-        record.head = cut(tag.attributeEnd);
+        Record& element = document_.newRecord();
+        link(element, *open_, open_->lastChild);
+        element.nameSize = static_cast<std::uint32_t>(tag.name.size());
+        element.empty = tag.empty;
+        cut(element.head, tag.attributeEnd);
         if (!tag.empty) {
-            open_ = element;
+            open_ = &element;
             return;
         }
-        record.body = cut(tag.end);
-        record.tail = cutBehindLineBreak(tag.end);
+        cut(element.body, tag.end);
+        cutBehindLineBreak(element.tail, tag.end);
     }
 
     void endElement(std::size_t begin, std::size_t end) override {
         endContentBefore(begin);
-        document_.index_[open_].tail = cutBehindLineBreak(end);
-        open_ = document_.index_[open_].parent;
+        cutBehindLineBreak(open_->tail, end);
+        open_ = open_->parent;
     }
 
     /// The rest of the text.
-    void finish() { cut(document_.memory_.size()); }
+    void finish() { cut(document_.newPiece(), text_.size()); }
 
 private:
     // The text up to the first child is the parent's own; between children it belongs to none.
     void endContentBefore(std::size_t place) {
-        if (document_.index_[open_].body == noPiece)
-            document_.index_[open_].body = cut(place);
+        if (open_->parent && open_->body.text.empty())
+            cut(open_->body, place);
         else if (place > done_)
-            cut(place);
+            cut(document_.newPiece(), place);
     }
 
-    PieceIndex cutBehindLineBreak(std::size_t end) { return cut(end + lineBreakSize(document_.memory_, end)); }
+    void cutBehindLineBreak(Piece& piece, std::size_t end) { cut(piece, end + lineBreakSize(text_, end)); }
 
-    PieceIndex cut(std::size_t end) {
-        auto& pieces = document_.pieces_;
-        const auto piece = static_cast<PieceIndex>(pieces.size());
-        pieces.push_back({.begin = done_, .size = end - done_});
-        pieces[last_].next = piece;
-        last_ = piece;
+    void cut(Piece& piece, std::size_t end) {
+        piece.text = text_.substr(done_, end - done_);
+        last_->next = &piece;
+        last_ = &piece;
         done_ = end;
-        return piece;
     }
 
     MarkupDocument& document_;
-    RecordIndex open_ = documentRecord;
-    PieceIndex last_ = 0;
+    std::u16string_view text_;
+    Record* open_;
+    Piece* last_;
     std::size_t done_ = 0;
 };
 
-MarkupDocument::MarkupDocument() {
+MarkupDocument::MarkupDocument() : memory_(std::make_unique<std::pmr::monotonic_buffer_resource>()) {
     setText();
 }
 
 bool MarkupDocument::setText(std::u16string_view text) {
-    memory_ = text;
-    index_.resize(std::max(index_.size(), memory_.size() / unitsPerRecord + spareRecords));
+    memory_->release();
+    text = keep({text});
+    capacity_ = std::max(capacity_, text.size() / unitsPerRecord + spareRecords);
+    size_ = text.size();
     resetIndex();
-    Builder builder(*this);
-    error_ = parseMarkup(memory_, builder);
+    Builder builder(*this, text);
+    error_ = parseMarkup(text, builder);
     if (error_.empty()) {
         builder.finish();
-        parent_ = documentRecord;
+        parent_ = &top();
         return true;
     }
     resetIndex();
-    pieces_[index_.front().body].size = memory_.size();
-    if (memory_.empty())
-        parent_ = documentRecord;
+    top().body.text = text;
+    if (text.empty())
+        parent_ = &top();
     return false;
 }
 
 std::u16string MarkupDocument::text() const {
-    std::size_t size = 0;
-    for (const Piece& piece : pieces_)
-        size += piece.size;
     std::u16string text;
-    text.reserve(size);
-    for (PieceIndex i = 0; i != noPiece; i = pieces_[i].next)
-        text.append(memory_, pieces_[i].begin, pieces_[i].size);
+    text.reserve(size_);
+    for (const Piece* piece = &top().body; piece; piece = piece->next)
+        text += piece->text;
     return text;
 }
 
@@ -120,129 +116,133 @@ bool MarkupDocument::addElement(std::u16string_view name, std::u16string_view va
 }
 
 bool MarkupDocument::addAttribute(std::u16string_view name, std::u16string_view value) {
-    return current_ != none && insertAttribute(index_[current_], name, value);
+    return insertAttribute(current_, name, value);
 }
 
 bool MarkupDocument::addParentAttribute(std::u16string_view name, std::u16string_view value) {
-    const RecordIndex parent = parent_.value_or(documentRecord);
-    return parent != documentRecord && insertAttribute(index_[parent], name, value);
+    return insertAttribute(parent_ == &top() ? nullptr : parent_, name, value);
 }
 
 bool MarkupDocument::intoElement() {
-    if (current_ == none)
+    if (!current_)
         return false;
     parent_ = current_;
-    current_ = none;
+    current_ = nullptr;
     return true;
 }
 
 bool MarkupDocument::outOfElement() {
-    const RecordIndex parent = parent_.value_or(documentRecord);
-    if (parent == documentRecord)
+    if (!parent_ || parent_ == &top())
         return false;
-    current_ = parent;
-    parent_ = index_[parent].parent;
+    current_ = parent_;
+    parent_ = parent_->parent;
     return true;
 }
 
 bool MarkupDocument::toFirstElement() {
-    const RecordIndex first = index_[parent_.value_or(documentRecord)].firstChild;
-    if (first != none)
-        current_ = first;
-    return first != none;
+    if (!parent_ || !parent_->firstChild)
+        return false;
+    current_ = parent_->firstChild;
+    return true;
 }
 
 bool MarkupDocument::toNextElement() {
-    const RecordIndex next = current_ != none ? index_[current_].nextSibling : none;
-    if (next != none)
-        current_ = next;
-    return next != none;
+    if (!current_ || !current_->nextSibling)
+        return false;
+    current_ = current_->nextSibling;
+    return true;
 }
 
 void MarkupDocument::resetIndex() {
-    pieces_.assign(1, {});
-    index_.front() = {.body = 0};
+    index_.assign(1, {});
+    index_.front().reserve(capacity_);
+    index_.front().emplace_back();
     used_ = 1;
-    parent_.reset();
-    current_ = none;
+    parent_ = nullptr;
+    current_ = nullptr;
 }
 
-MarkupDocument::RecordIndex MarkupDocument::newRecord() {
-    if (used_ == index_.size())
-        index_.resize(used_ + used_ / 2);
-    index_[used_] = {};
-    return static_cast<RecordIndex>(used_++);
-}
-
-// Makes an element the next sibling of another, or the first child when that is none.
-void MarkupDocument::link(RecordIndex element, RecordIndex parent, RecordIndex before) {
-    RecordIndex& link = before != none ? index_[before].nextSibling : index_[parent].firstChild;
-    index_[element].parent = parent;
-    index_[element].nextSibling = link;
-    if (link == none)
-        index_[parent].lastChild = element;
-    link = element;
-}
-
-// Puts texts, none of them a part of the memory, behind a piece.
-MarkupDocument::PieceIndex MarkupDocument::insertPiece(PieceIndex before, Texts texts) {
-    const auto piece = static_cast<PieceIndex>(pieces_.size());
-    pieces_.push_back({.next = pieces_[before].next});
-    pieces_[before].next = piece;
-    replacePiece(piece, texts);
-    return piece;
-}
-
-void MarkupDocument::replacePiece(PieceIndex piece, Texts texts) {
-    const std::size_t begin = memory_.size();
-    for (const std::u16string_view text : texts)
-        memory_ += text;
-    pieces_[piece].begin = begin;
-    pieces_[piece].size = memory_.size() - begin;
-}
-
-void MarkupDocument::putElement(Record& element, PieceIndex before, std::u16string_view name,
-                                std::optional<std::u16string_view> value) {
-    element.head = insertPiece(before, {u"<", name});
-    element.nameBegin = memory_.size() - name.size();
-    element.nameSize = name.size();
-    element.empty = !value;
-    if (value) {
-        element.body = insertPiece(element.head, {u">", escaped(*value, textEscapes)});
-        element.tail = insertPiece(element.body, {u"</", name, u">", lineBreak});
-    } else {
-        element.body = insertPiece(element.head, {u"/>"});
-        element.tail = insertPiece(element.body, {lineBreak});
+MarkupDocument::Record& MarkupDocument::newRecord() {
+    if (used_ == capacity_) {
+        const std::size_t more = capacity_ / 2;
+        index_.emplace_back().reserve(more);
+        capacity_ += more;
     }
+    ++used_;
+    return index_.back().emplace_back();
+}
+
+MarkupDocument::Piece& MarkupDocument::newPiece() {
+    return *std::pmr::polymorphic_allocator<>(memory_.get()).new_object<Piece>();
+}
+
+// Copies texts, one behind the other, to where they stay.
+std::u16string_view MarkupDocument::keep(Texts texts) {
+    std::size_t size = 0;
+    for (const std::u16string_view text : texts)
+        size += text.size();
+    auto* const kept = std::pmr::polymorphic_allocator<>(memory_.get()).allocate_object<char16_t>(size);
+    auto* end = kept;
+    for (const std::u16string_view text : texts)
+        end = std::ranges::copy(text, end).out;
+    return {kept, size};
+}
+
+// Makes an element the next sibling of another, or the first child when that is null.
+void MarkupDocument::link(Record& element, Record& parent, Record* before) {
+    Record*& link = before ? before->nextSibling : parent.firstChild;
+    element.parent = &parent;
+    element.nextSibling = link;
+    if (!link)
+        parent.lastChild = &element;
+    link = &element;
+}
+
+// Puts the pieces of a new element behind a piece.
+void MarkupDocument::putElement(Record& element, Piece& before, std::u16string_view name,
+                                std::optional<std::u16string_view> value) {
+    element.nameSize = static_cast<std::uint32_t>(name.size());
+    element.empty = !value;
+    element.head = {keep({u"<", name}), &element.body};
+    element.body = {value ? keep({u">", escaped(*value, textEscapes)}) : u"/>", &element.tail};
+    element.tail = {value ? keep({u"</", name, u">", lineBreak}) : lineBreak, before.next};
+    size_ += element.head.text.size() + element.body.text.size() + element.tail.text.size();
+    before.next = &element.head;
 }
 
 bool MarkupDocument::insertElement(std::u16string_view name, std::optional<std::u16string_view> value) {
     if (!parent_ || !isMarkupName(name))
         return false;
-    const RecordIndex element = newRecord();
-    Record& parent = index_[*parent_];
-    if (parent.empty)
-        openElement(parent);
-    const RecordIndex before = current_ != none ? current_ : parent.lastChild;
-    putElement(index_[element], before != none ? index_[before].tail : parent.body, name, value);
+    if (parent_->empty)
+        openElement(*parent_);
+    Record* const before = current_ ? current_ : parent_->lastChild;
+    Record& element = newRecord();
+    putElement(element, before ? before->tail : parent_->body, name, value);
     link(element, *parent_, before);
-    current_ = element;
+    current_ = &element;
     return true;
 }
 
 // Gives an element without content an end tag, on a line of its own.
 void MarkupDocument::openElement(Record& element) {
-    const std::u16string name = memory_.substr(element.nameBegin, element.nameSize);
-    const std::u16string behind = memory_.substr(pieces_[element.tail].begin, pieces_[element.tail].size);
-    replacePiece(element.body, {u">", lineBreak});
-    replacePiece(element.tail, {u"</", name, u">", behind});
+    const std::u16string_view head = element.head.text;
+    const std::u16string_view name = head.substr(head.find_first_not_of(u"< \t\n\r"), element.nameSize);
+    size_ -= element.body.text.size() + element.tail.text.size();
+    element.body.text = keep({u">", lineBreak});
+    element.tail.text = keep({u"</", name, u">", element.tail.text});
+    size_ += element.body.text.size() + element.tail.text.size();
     element.empty = false;
 }
 
-bool MarkupDocument::insertAttribute(Record& element, std::u16string_view name, std::u16string_view value) {
-    if (!isMarkupName(name))
+bool MarkupDocument::insertAttribute(Record* element, std::u16string_view name, std::u16string_view value) {
+    if (!element || !isMarkupName(name))
         return false;
-    element.head = insertPiece(element.head, {u" ", name, u"=\"", escaped(value, attributeEscapes), u"\""});
+    Piece* const before = element->lastAttribute ? element->lastAttribute : &element->head;
+    Piece& attribute = newPiece();
+    attribute = {keep({u" ", name, u"=\"", escaped(value, attributeEscapes), u"\""}), before->next};
+    before->next = &attribute;
+    size_ += attribute.text.size();
+    element->lastAttribute = &attribute;
     return true;
 }
 

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <memory>
+#include <memory_resource>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,7 +37,7 @@ public:
     [[nodiscard]] const std::u16string& error() const { return error_; }
 
     /// True when there is a root element.
-    [[nodiscard]] bool isWellFormed() const { return !index_.empty() && index_.front().firstChild != none; }
+    [[nodiscard]] bool isWellFormed() const { return top().firstChild != nullptr; }
 
     /// Adds an element without content ("<name/>") or with a text, each followed by a line break, and makes it the
     /// current one. A parent without content gets an end tag, on a line of its own.
@@ -58,62 +60,57 @@ public:
 
     /// Records of the element index in use, the document's own included, and how many it has room for.
     [[nodiscard]] std::size_t recordsUsed() const { return used_; }
-    [[nodiscard]] std::size_t recordCapacity() const { return index_.size(); }
+    [[nodiscard]] std::size_t recordCapacity() const { return capacity_; }
 
 private:
-    using RecordIndex = std::uint32_t;
-    using PieceIndex = std::uint32_t;
-    static constexpr RecordIndex documentRecord = 0;
-    static constexpr RecordIndex none = 0; // no element is record 0
-    static constexpr PieceIndex noPiece = UINT32_MAX;
-
-    /// The document is a chain of pieces of one growing memory. Whatever is added is put behind a piece, wherever that
-    /// stands in the document, and no text or place is ever moved.
+    /// The document is a chain of pieces. Whatever is added is put behind a piece, wherever that stands in the
+    /// document, and no text, piece or record is ever moved.
     struct Piece {
-        std::size_t begin = 0;
-        std::size_t size = 0;
-        PieceIndex next = noPiece;
+        std::u16string_view text;
+        Piece* next = nullptr;
     };
 
     ///      <name a="b"   >text           </name>CRLF      an element without children: three pieces,
     ///      <name a="b"   />              CRLF             or so when it has no content
     ///      head          body            tail
     ///
-    /// The document's own record has the root as first child and a body that stands before everything.
+    /// The document's own record, the first one, has a body that stands before everything.
     struct Record {
-        RecordIndex parent = none;
-        RecordIndex firstChild = none;
-        RecordIndex lastChild = none;
-        RecordIndex nextSibling = none;
-        PieceIndex head = noPiece; ///< the last piece of the start tag before its ">"
-        PieceIndex body = noPiece; ///< up to the first child, or to the end tag
-        PieceIndex tail = noPiece; ///< from the end tag on, with a line break
-        bool empty = false;        ///< has no content and no end tag
-        std::size_t nameBegin = 0;
-        std::size_t nameSize = 0;
+        Record* parent = nullptr;
+        Record* firstChild = nullptr;
+        Record* lastChild = nullptr;
+        Record* nextSibling = nullptr;
+        Piece head;
+        Piece body;                     ///< up to the first child, or to the end tag
+        Piece tail;                     ///< from the end tag on, with a line break
+        Piece* lastAttribute = nullptr; ///< of those added later, which are pieces behind the head
+        std::uint32_t nameSize = 0;     ///< of the head's first word
+        bool empty = false;             ///< has no content and no end tag
     };
 
     using Texts = std::initializer_list<std::u16string_view>;
     class Builder;
 
+    [[nodiscard]] const Record& top() const { return index_.front().front(); }
+    [[nodiscard]] Record& top() { return index_.front().front(); }
     void resetIndex();
-    RecordIndex newRecord();
-    void link(RecordIndex element, RecordIndex parent, RecordIndex before);
-    PieceIndex insertPiece(PieceIndex before, Texts texts);
-    void replacePiece(PieceIndex piece, Texts texts);
+    Record& newRecord();
+    Piece& newPiece();
+    static void link(Record& element, Record& parent, Record* before);
+    [[nodiscard]] std::u16string_view keep(Texts texts);
 
-    void putElement(Record& element, PieceIndex before, std::u16string_view name,
-                    std::optional<std::u16string_view> value);
+    void putElement(Record& element, Piece& before, std::u16string_view name, std::optional<std::u16string_view> value);
     bool insertElement(std::u16string_view name, std::optional<std::u16string_view> value);
     void openElement(Record& element);
-    bool insertAttribute(Record& element, std::u16string_view name, std::u16string_view value);
+    bool insertAttribute(Record* element, std::u16string_view name, std::u16string_view value);
 
-    std::u16string memory_;
-    std::vector<Piece> pieces_;
-    std::vector<Record> index_;
-    std::size_t used_ = 1;
-    std::optional<RecordIndex> parent_; // nothing: no place to add to
-    RecordIndex current_ = none;
+    std::unique_ptr<std::pmr::monotonic_buffer_resource> memory_; // of texts and of attributes' pieces
+    std::size_t size_ = 0;                                        // of the whole text
+    std::vector<std::vector<Record>> index_;                      // blocks that are filled one after the other
+    std::size_t used_ = 0;
+    std::size_t capacity_ = 0;
+    Record* parent_ = nullptr; // nothing: no place to add to
+    Record* current_ = nullptr;
     std::u16string error_;
 };
 
