@@ -1,3 +1,5 @@
+#include "app/arrange.h"
+#include "app/column_layout.h"
 #include "cli/display_width.h"
 #include "cli/expense_output.h"
 #include "cli/filter_option.h"
@@ -9,6 +11,8 @@
 #include "platform/number_text.h"
 #include "platform/utf.h"
 #include "store/date_walk.h"
+
+#include <algorithm>
 
 namespace hourwright::cli {
 
@@ -29,15 +33,18 @@ std::optional<store::DateRange> rangeOption(Session& session, const Arguments& a
 struct Listing {
     store::DateRange range;
     app::ExpenseFilter filter;
+    std::uint16_t arrangement = 0;
 };
 
 std::optional<Listing> listingOption(Session& session, const Arguments& arguments) {
     const auto range = rangeOption(session, arguments);
     auto filter = range ? expenseFilterOption(session, arguments) : std::nullopt;
-    return filter ? std::optional(Listing{*range, std::move(*filter)}) : std::nullopt;
+    if (!filter)
+        return std::nullopt;
+    return Listing{*range, std::move(*filter), session.settings().expSort};
 }
 
-// Calls `visit` with each expense of the listing; false when reading failed.
+// Calls `visit` with each expense that passes, in the order of the store; false when reading failed.
 template<typename Visitor>
 bool walk(Session& session, store::Stores& stores, const Listing& listing, Visitor visit) {
     const app::ExpenseMatcher matcher(listing.filter, *session.locales().user);
@@ -50,19 +57,35 @@ bool walk(Session& session, store::Stores& stores, const Listing& listing, Visit
     return result != ReadResult::failed;
 }
 
+// The same in the order of the listing, for which expenses are kept in memory when they are to be sorted.
+template<typename Visitor>
+bool walkArranged(Session& session, store::Stores& stores, const Listing& listing, Visitor visit) {
+    if (listing.arrangement == 0)
+        return walk(session, stores, listing, visit);
+    std::vector<ExpenseEntry> expenses;
+    const bool read = walk(session, stores, listing, [&](const ExpenseEntry& expense) { expenses.push_back(expense); });
+    app::arrange(expenses, listing.arrangement, *session.locales().user);
+    std::ranges::for_each(expenses, visit);
+    return read;
+}
+
 bool listJson(Session& session, store::Stores& stores, const Listing& listing) {
     JsonWriter json(session.out());
     json.beginArray();
-    const bool read = walk(session, stores, listing, [&](const ExpenseEntry& expense) { writeExpense(json, expense); });
+    const bool read =
+        walkArranged(session, stores, listing, [&](const ExpenseEntry& expense) { writeExpense(json, expense); });
     json.endArray().finish();
     return read;
 }
 
 bool listTable(Session& session, store::Stores& stores, const Listing& listing) {
     const platform::Locale& locale = *session.locales().user;
-    TextTable table(session.out(), expenseCellTitles());
-    const bool read =
-        walk(session, stores, listing, [&](const ExpenseEntry& expense) { table.add(expenseCells(expense, locale)); });
+    static_cast<void>(session.settings()); // before loading makes their key, by which they tell a first run
+    const auto columns = app::loadColumnLayout(session.registry(), app::ColumnList::expenses).order;
+    TextTable table(session.out(), expenseCellTitles(columns));
+    const bool read = walkArranged(session, stores, listing, [&](const ExpenseEntry& expense) {
+        table.add(expenseCells(expense, columns, locale));
+    });
     table.finish();
     return read;
 }
@@ -70,19 +93,14 @@ bool listTable(Session& session, store::Stores& stores, const Listing& listing) 
 // One line a field; the note, which may have lines of its own, stands last.
 void showLines(Session& session, const ExpenseEntry& expense) {
     const platform::Locale& locale = *session.locales().user;
-    const auto titles = expenseCellTitles();
-    const auto cells = expenseCells(expense, locale);
+    const auto columns = app::builtInColumnLayout(app::ColumnList::expenses).order;
+    const auto titles = expenseCellTitles(columns);
+    const auto cells = expenseCells(expense, columns, locale);
     Output& out = session.out();
     for (std::size_t i = 0; i < titles.size(); ++i)
         writeField(out, titles[i].title, cells[i]);
-    if (expense.type == store::ExpenseType::mileage) {
-        writeField(out, "Start Odo", std::to_string(expense.startOdometer));
-        writeField(out, "End Odo", std::to_string(store::endOdometer(expense)));
+    if (expense.type == store::ExpenseType::mileage)
         writeField(out, "Rate", platform::hundredths(expense.amount));
-    }
-    writeField(out, "Bill To", cellText(expense.billTo));
-    writeField(out, "Custom 1", cellText(expense.custom1));
-    writeField(out, "Custom 2", cellText(expense.custom2));
     writeField(out, "Paid Date", shortDateText(locale, expense.paidDate));
     writeField(out, "Note", platform::printableUtf8(expense.note));
 }

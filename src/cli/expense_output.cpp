@@ -1,11 +1,11 @@
 #include "cli/expense_output.h"
 
+#include "app/expense_columns.h"
 #include "billing/expense_amount.h"
 #include "cli/date_text.h"
 #include "cli/display_width.h"
 #include "cli/record_access.h"
 #include "cli/record_values.h"
-#include "platform/number_text.h"
 #include "resources/strings.h"
 
 namespace hourwright::cli {
@@ -14,18 +14,6 @@ namespace {
 
 using resources::StringId;
 using store::ExpenseEntry;
-
-bool isMileage(const ExpenseEntry& expense) {
-    return expense.type == store::ExpenseType::mileage;
-}
-
-std::string titleOf(StringId id) {
-    return cellText(resources::string(id));
-}
-
-std::string distanceText(const ExpenseEntry& expense) {
-    return isMileage(expense) ? std::to_string(expense.distance) : std::string{};
-}
 
 void writeMoney(JsonWriter& json, const ExpenseEntry& expense) {
     json.member("start_odometer", expense.startOdometer).member("distance", expense.distance);
@@ -61,36 +49,21 @@ void writeExpense(JsonWriter& json, const ExpenseEntry& expense) {
     json.member("flags", expense.flags).endObject();
 }
 
-std::vector<std::string> expenseCells(const ExpenseEntry& expense, const platform::Locale& locale) {
-    std::u16string amount;
-    platform::appendFixedDecimals(amount, billing::amountOf(expense), 2);
-    return {std::to_string(static_cast<std::uint32_t>(expense.id)),
-            statusText(expense.status),
-            isMileage(expense) ? "mileage" : "general",
-            shortDateText(locale, expense.date),
-            cellText(expense.description),
-            cellText(expense.client),
-            cellText(expense.project),
-            cellText(expense.category),
-            distanceText(expense),
-            cellText(expense.currency),
-            cellText(locale.number(amount)),
-            expense.receipt ? "yes" : "no"};
+std::vector<std::string> expenseCells(const ExpenseEntry& expense, std::span<const std::uint32_t> columns,
+                                      const platform::Locale& locale) {
+    std::vector<std::string> cells{std::to_string(static_cast<std::uint32_t>(expense.id)), statusText(expense.status)};
+    for (const std::uint32_t column : columns)
+        cells.push_back(cellText(app::cellText(expense, column, locale)));
+    return cells;
 }
 
-std::vector<TableColumn> expenseCellTitles() {
-    return {{"ID", true},
-            {titleOf(StringId::columnStatus)},
-            {"Type"},
-            {titleOf(StringId::columnEntryDate)},
-            {"Description"},
-            {titleOf(StringId::columnClient)},
-            {titleOf(StringId::columnProject)},
-            {"Category"},
-            {"Distance", true},
-            {titleOf(StringId::columnCurrency)},
-            {titleOf(StringId::columnAmount), true},
-            {"Receipt"}};
+std::vector<TableColumn> expenseCellTitles(std::span<const std::uint32_t> columns) {
+    std::vector<TableColumn> titles{{"ID", true}, {cellText(resources::string(StringId::columnStatus))}};
+    for (const std::uint32_t column : columns) {
+        const app::ExpenseColumn& of = app::expenseColumns()[column];
+        titles.push_back({cellText(resources::string(of.title)), of.alignRight});
+    }
+    return titles;
 }
 
 } // namespace hourwright::cli

@@ -7,6 +7,8 @@
 #include "store/expense_entry.h"
 #include "store/stores.h"
 
+#include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -19,8 +21,11 @@ namespace hourwright::cli {
 
 void writeExpense(JsonWriter& json, const store::ExpenseEntry& expense);
 
-/// The cells of an expense for people, and their titles.
-[[nodiscard]] std::vector<std::string> expenseCells(const store::ExpenseEntry& expense, const platform::Locale& locale);
-[[nodiscard]] std::vector<TableColumn> expenseCellTitles();
+/// The cells of an expense for people, and their titles: record id and status, then the expense list's columns with
+/// these indexes.
+[[nodiscard]] std::vector<std::string> expenseCells(const store::ExpenseEntry& expense,
+                                                    std::span<const std::uint32_t> columns,
+                                                    const platform::Locale& locale);
+[[nodiscard]] std::vector<TableColumn> expenseCellTitles(std::span<const std::uint32_t> columns);
 
 } // namespace hourwright::cli
