@@ -63,6 +63,9 @@ struct Seek {
     /// Advice: the only properties that reads will ask for until the next seek other than from the current record.
     /// Empty: all. Must outlive those reads.
     std::span<const PropertyId> columns{};
+    /// Advice for the same time: texts that all records of interest have; others may be passed over, or not. Needed
+    /// during the seek only.
+    std::span<const PropertyValue> texts{};
 
     static Seek toId(ObjectId id) { return {.mode = SeekMode::objectId, .id = id}; }
     static Seek toBeginning(std::int32_t distance = 0) { return {.mode = SeekMode::beginning, .distance = distance}; }

@@ -3,6 +3,7 @@
 #include "store/fields.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace hourwright::store {
 
@@ -12,10 +13,20 @@ constexpr platform::PropertyId dateProperty{field::date, platform::ValueType::fi
 
 } // namespace
 
-DateWalk::DateWalk(RecordStore& store, const DateRange& range, std::span<const platform::PropertyId> wanted)
-    : store_(store), range_(range), wanted_(wanted.begin(), wanted.end()), snapshot_(store.objects().snapshot()) {
-    if (!wanted_.empty() && std::ranges::find(wanted_, dateProperty) == wanted_.end())
-        wanted_.push_back(dateProperty);
+DateWalk::DateWalk(RecordStore& store, const DateRange& range, std::span<const platform::PropertyId> wanted,
+                   std::vector<TextCondition> conditions)
+    : store_(store), range_(range), wanted_(wanted.begin(), wanted.end()), conditions_(std::move(conditions)),
+      snapshot_(store.objects().snapshot()) {
+    if (wanted_.empty())
+        return;
+    want(dateProperty);
+    for (const TextCondition& condition : conditions_)
+        want({condition.field, platform::ValueType::text});
+}
+
+void DateWalk::want(platform::PropertyId id) {
+    if (std::ranges::find(wanted_, id) == wanted_.end())
+        wanted_.push_back(id);
 }
 
 RecordId DateWalk::advance() {
@@ -25,11 +36,17 @@ RecordId DateWalk::advance() {
     platform::Seek first =
         range_.after ? platform::Seek::toGreater(platform::PropertyValue::ofFileTime(field::date, *range_.after))
                      : platform::Seek::toBeginning();
+    std::vector<platform::PropertyValue> texts;
+    for (const TextCondition& condition : conditions_)
+        if (!condition.text.empty())
+            texts.push_back(platform::PropertyValue::ofText(condition.field, condition.text));
     first.columns = wanted_;
+    first.texts = texts;
     return store_.seek(first);
 }
 
-ReadResult DateWalk::next() {
+// Goes to the next record of the range.
+ReadResult DateWalk::readNext() {
     if (advance() == RecordId::none)
         return store_.lastError() == platform::PlatformError::noMoreItems ? ReadResult::noMore : ReadResult::failed;
     const ReadResult result = store_.read(properties_, wanted_);
@@ -37,6 +54,21 @@ ReadResult DateWalk::next() {
         return result;
     const platform::PropertyValue* const date = properties_.find(dateProperty);
     return date != nullptr && date->fileTime() <= *range_.last ? ReadResult::ok : ReadResult::noMore;
+}
+
+bool DateWalk::meetsConditions() const {
+    return std::ranges::all_of(conditions_, [this](const TextCondition& condition) {
+        const auto* const value = properties_.find({condition.field, platform::ValueType::text});
+        return (value != nullptr ? value->text : std::u16string_view{}) == condition.text;
+    });
+}
+
+ReadResult DateWalk::next() {
+    ReadResult result = ReadResult::ok;
+    do
+        result = readNext();
+    while (result == ReadResult::ok && !meetsConditions());
+    return result;
 }
 
 ReadResult DateWalk::next(TimeEntry& out) {

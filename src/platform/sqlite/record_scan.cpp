@@ -1,12 +1,15 @@
 #include "platform/sqlite/record_scan.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace hourwright::platform::sqlite {
 
 namespace {
 
-// Parameters: ?1 the sort value, ?2 the id.
+// Parameters: ?1 the sort value, ?2 the id, then the texts that are tested.
+constexpr int firstTestParameter = 3;
+
 struct PieceSql {
     std::string_view condition; // $ stands for the sort column
     std::string_view order;
@@ -41,9 +44,11 @@ std::string withColumn(std::string_view text, const std::string& column) {
 } // namespace
 
 RecordScan::RecordScan(Connection& connection, Table& table, ShapeCatalog& shapes, PropertyId sortProperty,
-                       std::span<const PropertyId> columns)
-    : connection_(connection), table_(table), sortProperty_(sortProperty),
-      reader_(table, shapes, sortProperty, columns) {}
+                       std::span<const PropertyId> columns, std::vector<TextTest> tests)
+    : connection_(connection), table_(table), sortProperty_(sortProperty), tests_(std::move(tests)),
+      reader_(table, shapes, sortProperty, columns) {
+    std::erase_if(tests_, [&table](const TextTest& test) { return table.findColumn(test.property) == nullptr; });
+}
 
 void RecordScan::startAtEnd(Direction direction) {
     if (direction == Direction::forward)
@@ -114,6 +119,7 @@ bool RecordScan::openPiece() {
         return false;
     }
     bindPlace(statement);
+    bindTests(statement);
     pieceOpen_ = true;
     return true;
 }
@@ -126,6 +132,12 @@ void RecordScan::bindPlace(Statement& statement) {
         statement.bind(1, from_.number);
     if (sql.usesId)
         statement.bind(2, static_cast<std::int64_t>(from_.id));
+}
+
+void RecordScan::bindTests(Statement& statement) {
+    int next = firstTestParameter;
+    for (const TextTest& test : tests_)
+        statement.bind(next++, std::string_view(test.utf8));
 }
 
 void RecordScan::release() {
@@ -157,8 +169,12 @@ std::string RecordScan::pieceSql(ScanPiece piece) const {
     const Column* const sort = table_.findColumn(sortProperty_);
     const std::string column = sort != nullptr ? sort->name : "NULL";
     const PieceSql& sql = pieceTable[index(piece)];
-    return "SELECT " + reader_.selectList() + " FROM " + table_.name() + " WHERE " + withColumn(sql.condition, column) +
-           " ORDER BY " + withColumn(sql.order, column);
+    std::string where = withColumn(sql.condition, column);
+    int next = firstTestParameter;
+    for (const TextTest& test : tests_)
+        where += " AND " + table_.findColumn(test.property)->name + " = ?" + std::to_string(next++);
+    return "SELECT " + reader_.selectList() + " FROM " + table_.name() + " WHERE " + where + " ORDER BY " +
+           withColumn(sql.order, column);
 }
 
 } // namespace hourwright::platform::sqlite

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace hourwright::platform::sqlite {
 
@@ -35,6 +36,14 @@ enum class ScanPiece : std::uint8_t {
 
 enum class Direction : std::uint8_t { forward, backward };
 
+/// A text that records must have to be visited; not tested when no record has the property.
+struct TextTest {
+    PropertyId property;
+    std::string utf8;
+
+    friend bool operator==(const TextTest&, const TextTest&) = default;
+};
+
 /// Statements over one database that select the same columns, and the scan that runs over them. At most one scan runs
 /// at a time; its row can be decoded by the reader until the scan moves on or is released.
 ///
@@ -43,7 +52,7 @@ enum class Direction : std::uint8_t { forward, backward };
 class RecordScan {
 public:
     RecordScan(Connection& connection, Table& table, ShapeCatalog& shapes, PropertyId sortProperty,
-               std::span<const PropertyId> columns = {});
+               std::span<const PropertyId> columns = {}, std::vector<TextTest> tests = {});
 
     [[nodiscard]] RowReader& reader() { return reader_; }
 
@@ -78,10 +87,12 @@ private:
     [[nodiscard]] bool openPiece();
     [[nodiscard]] std::string pieceSql(ScanPiece piece) const;
     void bindPlace(Statement& statement);
+    void bindTests(Statement& statement);
 
     Connection& connection_;
     Table& table_;
     PropertyId sortProperty_;
+    std::vector<TextTest> tests_;
     RowReader reader_;
     std::array<Statement, static_cast<std::size_t>(ScanPiece::count)> statements_;
     Statement byId_;

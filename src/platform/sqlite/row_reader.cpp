@@ -17,7 +17,7 @@ bool isBytes(ValueType type) {
 } // namespace
 
 RowReader::RowReader(Table& table, ShapeCatalog& shapes, PropertyId sortProperty, std::span<const PropertyId> only)
-    : table_(table), shapes_(shapes), selectsAll_(only.empty()) {
+    : table_(table), shapes_(shapes), only_(only.begin(), only.end()), selectsAll_(only.empty()) {
     const Column* const sort = table_.findColumn(sortProperty);
     selectList_ = "id, shape, " + (sort != nullptr ? sort->name : std::string("NULL")) + ", checksum";
     for (const Column& column : table_.columns()) {
@@ -34,8 +34,7 @@ bool RowReader::covers(std::span<const PropertyId> wanted) const {
         return true;
     if (wanted.empty())
         return false;
-    return std::ranges::all_of(wanted,
-                               [this](PropertyId id) { return std::ranges::find(selected_, id) != selected_.end(); });
+    return std::ranges::all_of(wanted, [this](PropertyId id) { return std::ranges::find(only_, id) != only_.end(); });
 }
 
 const RowReader::Plan* RowReader::planFor(std::int64_t shapeNumber, Result& result) {

@@ -27,7 +27,7 @@ public:
     static constexpr int sortColumn = 2;
     static constexpr int checksumColumn = 3;
 
-    /// True when every property that a read may ask for is selected.
+    /// True when every property that a read may ask for is selected, or was to be and has no column.
     [[nodiscard]] bool covers(std::span<const PropertyId> wanted) const;
     /// True while the table's columns are those known at construction.
     [[nodiscard]] bool isCurrent() const { return version_ == table_.columnsVersion(); }
@@ -57,6 +57,7 @@ private:
 
     Table& table_;
     ShapeCatalog& shapes_;
+    std::vector<PropertyId> only_;     // as given
     std::vector<PropertyId> selected_; // in the order of the statement's columns
     bool selectsAll_;
     std::uint64_t version_;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace hourwright::platform::sqlite {
 
@@ -23,6 +24,13 @@ bool sameSortValue(const PropertyValue* a, const PropertyValue* b) {
     if (a == nullptr || b == nullptr)
         return a == b;
     return a->number == b->number && a->text == b->text && std::ranges::equal(a->blob, b->blob);
+}
+
+std::vector<TextTest> testsOf(std::span<const PropertyValue> texts) {
+    std::vector<TextTest> tests;
+    for (const PropertyValue& value : texts)
+        tests.push_back({value.id, toUtf8(value.text)});
+    return tests;
 }
 
 const PropertyValue* findIn(std::span<const PropertyValue> values, PropertyId id) {
@@ -57,15 +65,18 @@ RecordScan& SqliteDatabase::fullScan() {
     return *full_;
 }
 
-RecordScan& SqliteDatabase::scanOver(std::span<const PropertyId> columns) {
-    if (columns.empty())
+RecordScan& SqliteDatabase::scanOver(const Seek& where) {
+    if (where.columns.empty() && where.texts.empty())
         return fullScan();
-    if (!partial_ || !partial_->reader().isCurrent() || !std::ranges::equal(partialColumns_, columns)) {
+    std::vector<TextTest> tests = testsOf(where.texts);
+    if (!partial_ || !partial_->reader().isCurrent() || !std::ranges::equal(partialColumns_, where.columns) ||
+        partialTests_ != tests) {
         if (scan_ == partial_.get())
             releaseScan();
-        partialColumns_.assign(columns.begin(), columns.end());
+        partialColumns_.assign(where.columns.begin(), where.columns.end());
+        partialTests_ = std::move(tests);
         partial_ = std::make_unique<RecordScan>(volume_.connection(), *table_, volume_.shapes(), sortProperty_,
-                                                partialColumns_);
+                                                partialColumns_, partialTests_);
     }
     return *partial_;
 }
@@ -103,7 +114,7 @@ Step SqliteDatabase::locate(const Seek& where) {
     if (where.distance < 0)
         return Step::done;
     releaseScan();
-    scan_ = &scanOver(where.columns);
+    scan_ = &scanOver(where);
     scan_->startAtEnd(where.mode == SeekMode::beginning ? Direction::forward : Direction::backward);
     return walk(std::int64_t{where.distance} + 1);
 }
@@ -127,7 +138,7 @@ Step SqliteDatabase::locateKey(const Seek& where) {
         return step == Step::row && !keyEquals(key) ? Step::done : step;
     }
     releaseScan();
-    scan_ = &scanOver(where.columns);
+    scan_ = &scanOver(where);
     scan_->startAtKey(key, where.mode == SeekMode::firstEqual);
     const Step step = walk(1);
     if (step != Step::row)

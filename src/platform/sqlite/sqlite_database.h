@@ -29,7 +29,7 @@ public:
 
 private:
     [[nodiscard]] RecordScan& fullScan();
-    [[nodiscard]] RecordScan& scanOver(std::span<const PropertyId> columns);
+    [[nodiscard]] RecordScan& scanOver(const Seek& where);
     [[nodiscard]] bool scanIsUsable(Direction direction) const;
     [[nodiscard]] Step locate(const Seek& where);
     [[nodiscard]] Step locateById(ObjectId id);
@@ -56,6 +56,7 @@ private:
     std::unique_ptr<RecordScan> full_;
     std::unique_ptr<RecordScan> partial_;
     std::vector<PropertyId> partialColumns_;
+    std::vector<TextTest> partialTests_;
     RecordScan* scan_ = nullptr; // the one that stands on the current record, if any
     std::uint64_t scanOrderVersion_ = 0;
     RecordPlace place_;
