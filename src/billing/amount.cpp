@@ -24,6 +24,10 @@ double amountOf(const store::TimeEntry& entry, const TimeRules& rules) {
     return hours * rate;
 }
 
+double billableAmountOf(const store::TimeEntry& entry, const TimeRules& rules) {
+    return entry.status == store::EntryStatus::nonBillable ? 0.0 : amountOf(entry, rules);
+}
+
 std::optional<std::int32_t> rateFromText(std::u16string_view text) {
     return storedFromThousandths(platform::parseDecimal(text) * 1000.0, maxStoredRate);
 }

@@ -17,6 +17,9 @@ namespace hourwright::billing {
 /// 0.17, 0.33, 0.67 and 0.83 hours are charged as 10, 20, 40 and 50 minutes.
 [[nodiscard]] double amountOf(const store::TimeEntry& entry, const TimeRules& rules);
 
+/// The same for what is to be billed at all: a non-billable entry counts nothing in sums, whatever its rate.
+[[nodiscard]] double billableAmountOf(const store::TimeEntry& entry, const TimeRules& rules);
+
 /// Hundredths to store for a typed rate that has passed the numeric test; an empty text is 0, and digits past the
 /// second decimal are cut off. Nothing for a negative rate or one that the field cannot hold.
 [[nodiscard]] std::optional<std::int32_t> rateFromText(std::u16string_view text);

@@ -129,6 +129,9 @@ constexpr std::array table = {
     Row{StringId::expenseStartOdometer, u"Start Odo"},
     Row{StringId::expenseEndOdometer, u"End Odo"},
     Row{StringId::expenseDistance, u"Distance"},
+    Row{StringId::summaryFirstDate, u"First Entry Date:"},
+    Row{StringId::summaryLastDate, u"Last Entry Date:"},
+    Row{StringId::summaryUnpaid, u"Unpaid"},
 };
 
 static_assert(std::ranges::is_sorted(table, {}, &Row::id));

@@ -111,6 +111,9 @@ enum class StringId : std::uint16_t {
     expenseStartOdometer = 9055,
     expenseEndOdometer = 9056,
     expenseDistance = 9057,
+    summaryFirstDate = 9100,
+    summaryLastDate = 9101,
+    summaryUnpaid = 9102,
 };
 
 /// The text with this number; empty for a number that is not in the table.

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "billing/entry_selection.h"
+#include "billing/time_rules.h"
+#include "platform/locale.h"
+#include "store/record_store.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace hourwright::billing {
+
+/// One line of a breakdown: a client (level 0), a project of it (1) or a task of that (2), each with the sums of all
+/// that stands below it. Entries without project or task are those of the empty name.
+struct BreakdownRow {
+    std::u16string name;
+    int level = 0;
+    double hours = 0.0;
+    double amount = 0.0; ///< without non-billable entries
+
+    friend bool operator==(const BreakdownRow&, const BreakdownRow&) = default;
+};
+
+/// The hours and amounts of a view by client, project and task: a tree, written from the top, names in the locale's
+/// order. Sums are those of unrounded values.
+struct Breakdown {
+    double hours = 0.0;
+    double amount = 0.0;
+    std::vector<BreakdownRow> rows;
+};
+
+/// Breaks down a selection of the open entry store. Nothing when it could not be read.
+[[nodiscard]] std::optional<Breakdown> breakDown(store::RecordStore& entries, const EntrySelection& selection,
+                                                 const TimeRules& rules, const platform::Locale& locale);
+
+/// A part of a whole as a percentage with one decimal, "37.5%"; a part of nothing is "0.0%".
+[[nodiscard]] std::u16string percentText(double part, double whole);
+
+} // namespace hourwright::billing
