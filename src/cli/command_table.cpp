@@ -62,6 +62,8 @@ constexpr std::array stepOptions{&option::previous, &option::next};
 constexpr OptionGroup steps{"", "", stepOptions};
 constexpr std::array idOption{&option::id};
 constexpr OptionGroup recordId{"", "", idOption};
+constexpr std::array summaryOptions{&option::project, &option::task};
+constexpr OptionGroup summaryScope{"", "", summaryOptions};
 constexpr std::array demoOptions{&option::entries, &option::seed};
 constexpr OptionGroup demoGroup{"", "", demoOptions};
 constexpr std::array taskProjectOption{&option::taskProject};
@@ -104,6 +106,7 @@ constexpr std::array nameAndData{
 constexpr std::array expenseTypeAndFile{
     ArgumentSpec{"TYPE", ValueKind::choice, "the type of expenses", true, false, option::expenseTypeChoices},
     ArgumentSpec{"FILE", ValueKind::file, "file to write, - for standard output"}};
+constexpr std::array summaryClient{clientArgument};
 constexpr std::array fileName{ArgumentSpec{"FILE", ValueKind::file, "file to write, - for standard output"}};
 constexpr std::array databaseName{ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"}};
 constexpr std::array databaseAndId{ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"},
@@ -129,6 +132,7 @@ constexpr std::array topicTable{
     TopicSpec{"registry", "the raw values that settings are kept in"},
     TopicSpec{"period", "start and end of a day, week, month or custom period"},
     TopicSpec{"export", "files for other programs"},
+    TopicSpec{"summary", "hours and amounts of a client by status"},
     TopicSpec{"store", "databases and records as stored"},
     TopicSpec{"wipe", "deletion of all data or of the client structure"},
     TopicSpec{"demo", "made-up data to try the program with"},
@@ -226,6 +230,12 @@ constexpr std::array commandTable{
                 exportExpenses},
     CommandSpec{
         "export", "xml", "write the entries of a period as an XML document", fileName, {&period, &filter}, exportXml},
+    CommandSpec{"summary",
+                "",
+                "sum up all time of a client, or of one project or task of it",
+                summaryClient,
+                {&summaryScope},
+                summary},
     CommandSpec{
         "store", "databases", "print name, type number, sort property and record count", {}, {}, storeDatabases},
     CommandSpec{

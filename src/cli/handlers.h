@@ -68,6 +68,8 @@ ExitCode exportCsv(Session& session, const Arguments& arguments);
 ExitCode exportExpenses(Session& session, const Arguments& arguments);
 ExitCode exportXml(Session& session, const Arguments& arguments);
 
+ExitCode summary(Session& session, const Arguments& arguments);
+
 ExitCode storeDatabases(Session& session, const Arguments& arguments);
 ExitCode storeDump(Session& session, const Arguments& arguments);
 ExitCode storeWrite(Session& session, const Arguments& arguments);
