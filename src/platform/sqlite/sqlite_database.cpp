@@ -94,7 +94,7 @@ ObjectId SqliteDatabase::seek(const Seek& where) {
         return ObjectId::none;
     }
     hasPlace_ = true;
-    rowIsOld_ = false;
+    rowContentVersion_ = table_->contentVersion();
     scanOrderVersion_ = table_->orderVersion();
     if (!volume_.holdsReadLock())
         releaseScan();
@@ -190,12 +190,18 @@ PlatformError SqliteDatabase::decodeError(RowReader::Result result) const {
 bool SqliteDatabase::read(PropertyBuffer& out, std::span<const PropertyId> wanted) {
     if (!hasPlace_ || !hasRecord_)
         return volume_.finish(PlatformError::noMoreItems);
-    if (!rowIsOld_ && scan_ != nullptr && scan_->isRunning() && scan_->reader().covers(wanted)) {
+    if (standsOnFreshRow() && scan_->reader().covers(wanted)) {
         const RowReader::Result result = scan_->reader().decode(scan_->row(), out, wanted);
         if (result != RowReader::Result::stale)
             return volume_.finish(decodeError(result));
     }
     return readById(out, wanted);
+}
+
+// True when the scan's row is the current record as it is stored.
+bool SqliteDatabase::standsOnFreshRow() const {
+    return hasPlace_ && hasRecord_ && scan_ != nullptr && scan_->isRunning() &&
+           rowContentVersion_ == table_->contentVersion();
 }
 
 bool SqliteDatabase::readById(PropertyBuffer& out, std::span<const PropertyId> wanted) {
@@ -276,6 +282,7 @@ ObjectId SqliteDatabase::update(ObjectId id) {
 
 // The written record becomes the current one; a scan that stands on it goes on unless the order changed.
 ObjectId SqliteDatabase::written(ObjectId id, bool orderChanged) {
+    table_->contentChanged();
     if (orderChanged)
         table_->orderChanged();
     if (!hasPlace_ || place_.id != id || orderChanged) {
@@ -286,7 +293,6 @@ ObjectId SqliteDatabase::written(ObjectId id, bool orderChanged) {
     }
     hasPlace_ = true;
     hasRecord_ = true;
-    rowIsOld_ = true;
     volume_.finish(PlatformError::none);
     return id;
 }
@@ -323,7 +329,11 @@ PlatformError SqliteDatabase::mergeInto(ObjectId id, bool& sortChanged) {
     return PlatformError::none;
 }
 
+// Reads the record as it is stored into `stored_`; a scan that stands on it has it at hand.
 PlatformError SqliteDatabase::readStored(ObjectId id) {
+    if (standsOnFreshRow() && place_.id == id && scan_ == full_.get() &&
+        decodeStored(scan_->reader(), scan_->row()) == RowReader::Result::ok)
+        return PlatformError::none;
     for (int attempt = 0; attempt < 2; ++attempt) {
         RecordScan& full = fullScan();
         const Step step = full.find(id);
@@ -332,14 +342,19 @@ PlatformError SqliteDatabase::readStored(ObjectId id) {
             return volume_.connection().lastError();
         if (step == Step::done)
             return PlatformError::invalidParameter;
-        const RowReader::Result result = full.reader().verify(full.found());
+        const RowReader::Result result = decodeStored(full.reader(), full.found());
+        if (result == RowReader::Result::ok)
+            return PlatformError::none;
         if (result == RowReader::Result::damaged)
             return PlatformError::fileCorrupt;
-        if (result == RowReader::Result::ok && full.reader().decode(full.found(), stored_, {}) == RowReader::Result::ok)
-            return PlatformError::none;
         table_->reloadColumns();
     }
     return PlatformError::fileCorrupt;
+}
+
+RowReader::Result SqliteDatabase::decodeStored(RowReader& reader, const Statement& row) {
+    const RowReader::Result result = reader.verify(row);
+    return result == RowReader::Result::ok ? reader.decode(row, stored_, {}) : result;
 }
 
 bool SqliteDatabase::deleteCurrent(Transaction&) {
@@ -351,6 +366,7 @@ bool SqliteDatabase::deleteCurrent(Transaction&) {
         volume_.spoil();
         return volume_.fail();
     }
+    table_->contentChanged();
     table_->orderChanged();
     hasRecord_ = false;
     return volume_.finish(PlatformError::none);

@@ -46,6 +46,8 @@ private:
     [[nodiscard]] ObjectId insert();
     [[nodiscard]] ObjectId update(ObjectId id);
     [[nodiscard]] PlatformError readStored(ObjectId id);
+    [[nodiscard]] RowReader::Result decodeStored(RowReader& reader, const Statement& row);
+    [[nodiscard]] bool standsOnFreshRow() const;
     ObjectId written(ObjectId id, bool orderChanged);
     ObjectId failedWrite(PlatformError error);
 
@@ -61,7 +63,7 @@ private:
     std::uint64_t scanOrderVersion_ = 0;
     RecordPlace place_;
     bool hasPlace_ = false;
-    bool rowIsOld_ = false;  // the scan's row was written over since it was fetched
+    std::uint64_t rowContentVersion_ = 0;
     bool hasRecord_ = false; // false after the record at the place was deleted
     std::vector<PropertyValue> given_;
     std::vector<PropertyValue> merged_;

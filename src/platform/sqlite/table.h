@@ -45,6 +45,10 @@ public:
     [[nodiscard]] std::uint64_t orderVersion() const { return orderVersion_; }
     void orderChanged() { ++orderVersion_; }
 
+    /// Changes whenever anything is written to the table; a row fetched before may be an old one then.
+    [[nodiscard]] std::uint64_t contentVersion() const { return contentVersion_; }
+    void contentChanged() { ++contentVersion_; }
+
 private:
     Connection& connection_;
     DatabaseInfo info_;
@@ -53,6 +57,7 @@ private:
     bool loaded_ = false;
     std::uint64_t columnsVersion_ = 1;
     std::uint64_t orderVersion_ = 1;
+    std::uint64_t contentVersion_ = 1;
 };
 
 /// Name of the table of a database.
