@@ -107,6 +107,11 @@ constexpr std::array expenseTypeAndFile{
     ArgumentSpec{"TYPE", ValueKind::choice, "the type of expenses", true, false, option::expenseTypeChoices},
     ArgumentSpec{"FILE", ValueKind::file, "file to write, - for standard output"}};
 constexpr std::array summaryClient{clientArgument};
+constexpr std::array replaceTexts{
+    ArgumentSpec{"TYPE", ValueKind::numbered, "the field whose texts are replaced", true, false,
+                 option::replaceChoices},
+    ArgumentSpec{"FIND", ValueKind::text, "text to be replaced where it is the whole of a field"},
+    ArgumentSpec{"REPLACE", ValueKind::text, "its new text"}};
 constexpr std::array fileName{ArgumentSpec{"FILE", ValueKind::file, "file to write, - for standard output"}};
 constexpr std::array databaseName{ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"}};
 constexpr std::array databaseAndId{ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"},
@@ -133,6 +138,7 @@ constexpr std::array topicTable{
     TopicSpec{"period", "start and end of a day, week, month or custom period"},
     TopicSpec{"export", "files for other programs"},
     TopicSpec{"summary", "hours and amounts of a client by status"},
+    TopicSpec{"bulk", "changes of many entries at once"},
     TopicSpec{"store", "databases and records as stored"},
     TopicSpec{"wipe", "deletion of all data or of the client structure"},
     TopicSpec{"demo", "made-up data to try the program with"},
@@ -236,6 +242,25 @@ constexpr std::array commandTable{
                 summaryClient,
                 {&summaryScope},
                 summary},
+    CommandSpec{"bulk",
+                "mark-paid",
+                "mark what is unpaid of the entries from --from to --to paid",
+                {},
+                {&filter, &paidDate},
+                bulkMarkPaid},
+    CommandSpec{"bulk",
+                "mark-billed",
+                "mark what is billable of the entries from --from to --to billed",
+                {},
+                {&filter},
+                bulkMarkBilled},
+    CommandSpec{"bulk", "delete", "delete the entries from --from to --to", {}, {&filter}, bulkDelete},
+    CommandSpec{"bulk",
+                "replace",
+                "replace a text in entries, expenses, lists, structure and stored filters",
+                replaceTexts,
+                {},
+                bulkReplace},
     CommandSpec{
         "store", "databases", "print name, type number, sort property and record count", {}, {}, storeDatabases},
     CommandSpec{

@@ -88,6 +88,8 @@ namespace option {
 
 inline constexpr std::string_view statusChoices = "non-billable|billable|billed|paid";
 inline constexpr std::string_view rateTypeChoices = "normal|overtime|weekend|fixed|discount";
+inline constexpr std::string_view replaceChoices =
+    "client|project|phase|task|bill-to|currency|custom1|custom2|custom3|category";
 
 inline constexpr OptionSpec home{"--home", Arity::one, ValueKind::directory, "DIR", "keep settings and store in DIR"};
 inline constexpr OptionSpec now{"--now", Arity::one, ValueKind::dateTime, "\"YYYY-MM-DD HH:MM:SS\"",

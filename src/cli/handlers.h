@@ -70,6 +70,11 @@ ExitCode exportXml(Session& session, const Arguments& arguments);
 
 ExitCode summary(Session& session, const Arguments& arguments);
 
+ExitCode bulkMarkPaid(Session& session, const Arguments& arguments);
+ExitCode bulkMarkBilled(Session& session, const Arguments& arguments);
+ExitCode bulkDelete(Session& session, const Arguments& arguments);
+ExitCode bulkReplace(Session& session, const Arguments& arguments);
+
 ExitCode storeDatabases(Session& session, const Arguments& arguments);
 ExitCode storeDump(Session& session, const Arguments& arguments);
 ExitCode storeWrite(Session& session, const Arguments& arguments);
