@@ -2,6 +2,8 @@
 
 #include "ratios/report.h"
 
+#include <cstdio>
+
 namespace hourwright::bench {
 
 namespace {
@@ -14,9 +16,8 @@ constexpr int longRuns = 3;
 // A week after the made-up history, into which both stores get the same entries, as FILETIMEs of local time.
 constexpr const char* week = "2026-12-09";
 constexpr int entriesOfWeek = 20;
-constexpr const char* weekCondition =
-    "p1001_filetime >= (strftime('%s', '2026-12-07') + 11644473600) * 10000000 AND"
-    " p1001_filetime < (strftime('%s', '2026-12-14') + 11644473600) * 10000000";
+constexpr const char* weekCondition = "p1001_filetime >= (strftime('%s', '2026-12-07') + 11644473600) * 10000000 AND"
+                                      " p1001_filetime < (strftime('%s', '2026-12-14') + 11644473600) * 10000000";
 
 // The shell as hwctl uses the file: every commit durable before it returns.
 Cost shell(const path& home, const std::string& sql, const std::vector<std::string>& options = {}) {
@@ -97,12 +98,127 @@ void measureExport(const path& program, const path& large) {
     printFigure("peak memory of hwctl export csv", pair.ours.peakMegabytes, "MB", 40);
 }
 
+// The first value that a query gives.
+std::string valueOf(const path& home, const std::string& sql) {
+    const std::string command = "sqlite3 '" + (home / "hourwright.db").string() + "' \"" + sql + '"';
+    std::string value;
+    if (FILE* const output = ::popen(command.c_str(), "r")) {
+        for (int c = std::fgetc(output); c != EOF && c != '\n'; c = std::fgetc(output))
+            value.push_back(static_cast<char>(c));
+        ::pclose(output);
+    }
+    return value;
+}
+
+// Most frequent client of the store, so that its summary has much to add up.
+std::string largestClient(const path& home) {
+    return valueOf(home, "SELECT client FROM time_entries GROUP BY 1 ORDER BY count(*) DESC LIMIT 1");
+}
+
+const std::vector<std::string> everything = {"--custom", "1990-01-01", "2030-12-31"};
+
+std::vector<std::string> with(std::vector<std::string> arguments, const std::vector<std::string>& more) {
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return arguments;
+}
+
+void measureFilters(const path& program, const path& large) {
+    // Reading every entry and writing none is the walk with nothing else.
+    const auto walk = [&] {
+        return hwctl(program, large, with({"export", "csv", "-", "--client", "Nobody"}, everything));
+    };
+    const Pair narrow = bestInTurns(
+        longRuns,
+        [&] {
+            return hwctl(program, large, with({"export", "csv", "-", "--task", "Research"}, everything));
+        },
+        walk);
+    printRow("export csv of 1 % / walk, no output", narrow, 1.2);
+    const Pair nine = bestInTurns(
+        longRuns,
+        [&] {
+            return hwctl(program, large,
+                         with({"export",    "csv",       "-",         "--client",   largestClient(large),
+                               "--project", "a",         "--phase",   "a",          "--task",
+                               "a",         "--bill-to", "a",         "--currency", "EUR",
+                               "--custom1", "a",         "--custom2", "a",          "--custom3",
+                               "a"},
+                              everything));
+        },
+        walk);
+    printRow("export csv, all nine texts / walk, no output", nine, 1.5);
+}
+
+void measureXml(const path& program, const path& large) {
+    const Pair pair = bestInTurns(
+        longRuns,
+        [&] {
+            return hwctl(program, large, with({"export", "xml", "/dev/null"}, everything));
+        },
+        [&] {
+            return hwctl(program, large, with({"export", "csv", "/dev/null"}, everything));
+        });
+    printRow("hwctl export xml / hwctl export csv", pair, 1.3);
+    printFigure("peak memory of hwctl export xml", pair.ours.peakMegabytes, "MB", 40);
+}
+
+void measureSummary(const path& program, const path& large) {
+    const std::string client = largestClient(large);
+    const Pair pair = bestInTurns(
+        longRuns,
+        [&] {
+            return hwctl(program, large, {"summary", client});
+        },
+        [&] {
+            return shell(large,
+                         "SELECT min(date), max(date), status, sum(duration_hundredths), sum(CASE rate_type WHEN 3"
+                         " THEN rate_hundredths ELSE duration_hundredths * rate_hundredths / 100.0 END)"
+                         " FROM time_entries WHERE client = '" +
+                             client + "' GROUP BY status;");
+        });
+    printRow("hwctl summary / shell aggregate query", pair, 4);
+}
+
+// A store of its own, since a raw update leaves records without valid checksums.
+path copyOf(const path& home, const std::string& name) {
+    path copy = home.parent_path() / name;
+    std::filesystem::remove_all(copy);
+    std::filesystem::copy(home, copy, std::filesystem::copy_options::recursive);
+    return copy;
+}
+
+// Both sides set status, paid date, stamp and flags of the oldest 100,000 entries, in one transaction.
+void measureMarkPaid(const path& program, const path& large) {
+    const path ours = copyOf(large, "changed");
+    const path raw = copyOf(large, "changed-raw");
+    const std::string last =
+        valueOf(large, "SELECT substr(date, 1, 10) FROM time_entries ORDER BY date LIMIT 1 OFFSET 100000");
+    const Pair pair = bestInTurns(
+        longRuns,
+        [&] {
+            return hwctl(program, ours, {"bulk", "mark-paid", "--from", "1990-01-01", "--to", last});
+        },
+        [&] {
+            return shell(raw, "BEGIN IMMEDIATE; UPDATE records_1 SET p1019_ui2 = 3, p1020_filetime ="
+                              " coalesce(p1020_filetime, 1), p1021_filetime = p1021_filetime + 1, p1022_ui2 = 3"
+                              " WHERE p1001_filetime < (strftime('%s', '" +
+                                  last + "', '+1 day') + 11644473600) * 10000000; COMMIT;");
+        });
+    printRow("hwctl bulk mark-paid / shell update", pair, 3);
+    std::filesystem::remove_all(ours);
+    std::filesystem::remove_all(raw);
+}
+
 } // namespace
 
 void measureCommands(const path& program, const path& large, const path& small) {
     measureAdd(program, large, small);
     measureWeek(program, large, small);
     measureExport(program, large);
+    measureXml(program, large);
+    measureFilters(program, large);
+    measureSummary(program, large);
+    measureMarkPaid(program, large);
 }
 
 } // namespace hourwright::bench
