@@ -36,16 +36,19 @@ std::uint32_t loadLittleEndian(const std::byte* bytes) {
     return value;
 }
 
+// Folds eight bytes into the remainder, given as two numbers with their lowest bytes first.
+std::uint32_t foldEight(std::uint32_t state, std::uint32_t low, std::uint32_t high) {
+    low ^= state;
+    return tables[7][low & 0xFF] ^ tables[6][low >> 8 & 0xFF] ^ tables[5][low >> 16 & 0xFF] ^ tables[4][low >> 24] ^
+           tables[3][high & 0xFF] ^ tables[2][high >> 8 & 0xFF] ^ tables[1][high >> 16 & 0xFF] ^ tables[0][high >> 24];
+}
+
 } // namespace
 
 void RecordChecksum::add(std::span<const std::byte> bytes) {
     std::uint32_t state = state_;
     while (bytes.size() >= slices) {
-        const std::uint32_t low = loadLittleEndian(bytes.data()) ^ state;
-        const std::uint32_t high = loadLittleEndian(bytes.data() + 4);
-        state = tables[7][low & 0xFF] ^ tables[6][low >> 8 & 0xFF] ^ tables[5][low >> 16 & 0xFF] ^
-                tables[4][low >> 24] ^ tables[3][high & 0xFF] ^ tables[2][high >> 8 & 0xFF] ^
-                tables[1][high >> 16 & 0xFF] ^ tables[0][high >> 24];
+        state = foldEight(state, loadLittleEndian(bytes.data()), loadLittleEndian(bytes.data() + 4));
         bytes = bytes.subspan(slices);
     }
     for (const std::byte byte : bytes)
@@ -54,10 +57,7 @@ void RecordChecksum::add(std::span<const std::byte> bytes) {
 }
 
 void RecordChecksum::add(std::uint64_t number) {
-    std::array<std::byte, 8> bytes{};
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        bytes[i] = static_cast<std::byte>(number >> (8 * i) & 0xFF);
-    add(bytes);
+    state_ = foldEight(state_, static_cast<std::uint32_t>(number), static_cast<std::uint32_t>(number >> 32));
 }
 
 void addToChecksum(RecordChecksum& checksum, const PropertyValue& value, std::string_view utf8) {

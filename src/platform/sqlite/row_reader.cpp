@@ -10,8 +10,8 @@ namespace {
 
 constexpr int firstPropertyColumn = 4;
 
-bool isBytes(ValueType type) {
-    return type == ValueType::blob;
+std::string_view asText(std::span<const std::byte> bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
 }
 
 } // namespace
@@ -75,18 +75,30 @@ RowReader::Result RowReader::decode(const Statement& row, PropertyBuffer& out, s
         }
         plan = &reordered_;
     }
+    fetch(row, *plan);
     std::size_t units = 0;
     std::size_t bytes = 0;
-    for (const PlanStep& step : *plan) {
-        if (step.id.type() == ValueType::text)
-            units += row.text(step.column).size();
-        else if (isBytes(step.id.type()))
-            bytes += row.blob(step.column).size();
-    }
+    for (std::size_t i = 0; i < plan->size(); ++i)
+        ((*plan)[i].id.type() == ValueType::text ? units : bytes) += fetched_[i].bytes.size();
     out.reset(units, bytes);
-    for (const PlanStep& step : *plan)
-        decodeStep(row, step, out);
+    for (std::size_t i = 0; i < plan->size(); ++i)
+        addTo(out, (*plan)[i].id, fetched_[i]);
     return result;
+}
+
+// Takes the values of the plan's columns, each with one look at the row.
+void RowReader::fetch(const Statement& row, const Plan& plan) {
+    if (fetched_.size() < plan.size())
+        fetched_.resize(plan.size());
+    for (std::size_t i = 0; i < plan.size(); ++i) {
+        Fetched& value = fetched_[i];
+        value = {};
+        switch (plan[i].id.type()) {
+        case ValueType::text: value.bytes = std::as_bytes(std::span(row.text(plan[i].column))); break;
+        case ValueType::blob: value.bytes = row.blob(plan[i].column); break;
+        default: value.number = static_cast<std::uint64_t>(row.integer(plan[i].column)); break;
+        }
+    }
 }
 
 RowReader::Result RowReader::verify(const Statement& row) {
@@ -94,30 +106,26 @@ RowReader::Result RowReader::verify(const Statement& row) {
     const Plan* const plan = planFor(row.integer(shapeColumn), result);
     if (plan == nullptr)
         return result;
+    fetch(row, *plan);
     RecordChecksum checksum;
     checksum.add(static_cast<std::uint64_t>(row.integer(idColumn)));
-    for (const PlanStep& step : *plan) {
-        if (row.isNull(step.column))
-            return Result::damaged;
-        const bool isText = step.id.type() == ValueType::text;
-        const bool isBlob = step.id.type() == ValueType::blob;
-        addToChecksum(checksum,
-                      {.id = step.id,
-                       .number = isText || isBlob ? 0 : static_cast<std::uint64_t>(row.integer(step.column)),
-                       .blob = isBlob ? row.blob(step.column) : std::span<const std::byte>{}},
-                      isText ? row.text(step.column) : std::string_view{});
+    for (std::size_t i = 0; i < plan->size(); ++i) {
+        const Fetched& value = fetched_[i];
+        addToChecksum(checksum, {.id = (*plan)[i].id, .number = value.number, .blob = value.bytes},
+                      asText(value.bytes));
     }
+    // A value outside the shape, or one of it that is gone, is damage even if the checksum fits.
     const auto present = std::ranges::count_if(
         selected_, [&, column = firstPropertyColumn](PropertyId) mutable { return !row.isNull(column++); });
     const bool matches = row.integer(checksumColumn) == std::int64_t{checksum.value()};
     return matches && static_cast<std::size_t>(present) == plan->size() ? Result::ok : Result::damaged;
 }
 
-void RowReader::decodeStep(const Statement& row, PlanStep step, PropertyBuffer& out) const {
-    switch (step.id.type()) {
-    case ValueType::text: out.addText(step.id, row.text(step.column)); break;
-    case ValueType::blob: out.addBlob(step.id, row.blob(step.column)); break;
-    default: out.addNumber(step.id, static_cast<std::uint64_t>(row.integer(step.column))); break;
+void RowReader::addTo(PropertyBuffer& out, PropertyId id, const Fetched& value) {
+    switch (id.type()) {
+    case ValueType::text: out.addText(id, asText(value.bytes)); break;
+    case ValueType::blob: out.addBlob(id, value.bytes); break;
+    default: out.addNumber(id, value.number); break;
     }
 }
 

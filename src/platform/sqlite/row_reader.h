@@ -51,9 +51,15 @@ private:
         int column = 0;
     };
     using Plan = std::vector<PlanStep>;
+    /// A value as it stands in the row, valid until the row is left: a number, or the bytes of a text or blob.
+    struct Fetched {
+        std::uint64_t number = 0;
+        std::span<const std::byte> bytes;
+    };
 
     [[nodiscard]] const Plan* planFor(std::int64_t shape, Result& result);
-    void decodeStep(const Statement& row, PlanStep step, PropertyBuffer& out) const;
+    void fetch(const Statement& row, const Plan& plan);
+    static void addTo(PropertyBuffer& out, PropertyId id, const Fetched& value);
 
     Table& table_;
     ShapeCatalog& shapes_;
@@ -64,6 +70,7 @@ private:
     std::string selectList_;
     std::vector<std::optional<Plan>> plans_; // by shape number
     Plan reordered_;
+    std::vector<Fetched> fetched_; // by place in the plan in use
 };
 
 } // namespace hourwright::platform::sqlite

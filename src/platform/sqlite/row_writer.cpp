@@ -44,7 +44,7 @@ std::string updateSql(Table& table, bool withSortColumn) {
 } // namespace
 
 bool RowWriter::insert(ObjectId id, std::span<const PropertyValue> properties) {
-    if (!makeColumns(properties))
+    if (!takeShape(properties))
         return false;
     if (!insert_)
         insert_ = Statement(connection_, insertSql(table_));
@@ -52,7 +52,7 @@ bool RowWriter::insert(ObjectId id, std::span<const PropertyValue> properties) {
 }
 
 bool RowWriter::update(ObjectId id, std::span<const PropertyValue> properties, bool sortChanged) {
-    if (!makeColumns(properties))
+    if (!takeShape(properties))
         return false;
     Statement& statement = sortChanged ? updateAndMove_ : update_;
     if (!statement)
@@ -68,25 +68,52 @@ bool RowWriter::remove(ObjectId id) {
     return delete_.run();
 }
 
-bool RowWriter::makeColumns(std::span<const PropertyValue> properties) {
+std::size_t RowWriter::ShapeHash::operator()(const Shape& shape) const {
+    std::size_t hash = shape.size();
+    for (const PropertyId id : shape)
+        hash = hash * 31 + id.value;
+    return hash;
+}
+
+// Finds the plan for the properties' shape; making one adds columns and the shape where they are missing.
+bool RowWriter::takeShape(std::span<const PropertyValue> properties) {
+    shape_.clear();
     for (const PropertyValue& value : properties)
-        if (!table_.ensureColumn(value.id))
+        shape_.push_back(value.id);
+    if (preparedFor_ == table_.columnsVersion()) {
+        const auto known = plans_.find(shape_);
+        if (known != plans_.end()) {
+            plan_ = &known->second;
+            return true;
+        }
+    }
+    const auto number = makeColumns() ? shapes_.numberOf(shape_) : std::nullopt;
+    if (!number)
+        return false;
+    ShapePlan plan{.number = *number};
+    for (const Column& column : table_.columns())
+        plan.placeOfColumn.push_back(static_cast<std::size_t>(std::ranges::find(shape_, column.id) - shape_.begin()));
+    plan_ = &plans_.insert_or_assign(shape_, std::move(plan)).first->second;
+    return true;
+}
+
+// Statements and plans are those of the columns; a rollback, which may take numbers of shapes back, renews them too.
+bool RowWriter::makeColumns() {
+    for (const PropertyId id : shape_)
+        if (!table_.ensureColumn(id))
             return false;
     if (preparedFor_ == table_.columnsVersion())
         return true;
     insert_ = {};
     update_ = {};
     updateAndMove_ = {};
+    plans_.clear();
     preparedFor_ = table_.columnsVersion();
     return true;
 }
 
 bool RowWriter::write(Statement& statement, ObjectId id, std::span<const PropertyValue> properties) {
-    shape_.clear();
-    for (const PropertyValue& value : properties)
-        shape_.push_back(value.id);
-    const auto shape = shapes_.numberOf(shape_);
-    if (!shape || !statement)
+    if (!statement)
         return false;
     encodeTexts(properties);
     bindColumns(statement, properties);
@@ -95,23 +122,22 @@ bool RowWriter::write(Statement& statement, ObjectId id, std::span<const Propert
     for (std::size_t i = 0; i < properties.size(); ++i)
         addToChecksum(checksum, properties[i], texts_[i]);
     statement.bind(idParameter, static_cast<std::int64_t>(id));
-    statement.bind(shapeParameter, *shape);
+    statement.bind(shapeParameter, plan_->number);
     statement.bind(checksumParameter, std::int64_t{checksum.value()});
     return statement.run();
 }
 
 void RowWriter::bindColumns(Statement& statement, std::span<const PropertyValue> properties) {
     int next = firstPropertyParameter;
-    for (const Column& column : table_.columns()) {
-        const auto found = std::ranges::find(properties, column.id, &PropertyValue::id);
-        if (found == properties.end())
+    for (const std::size_t place : plan_->placeOfColumn) {
+        if (place == properties.size())
             statement.bindNull(next);
-        else if (column.id.type() == ValueType::text)
-            statement.bind(next, std::string_view(texts_[static_cast<std::size_t>(found - properties.begin())]));
-        else if (column.id.type() == ValueType::blob)
-            statement.bind(next, found->blob);
+        else if (properties[place].id.type() == ValueType::text)
+            statement.bind(next, std::string_view(texts_[place]));
+        else if (properties[place].id.type() == ValueType::blob)
+            statement.bind(next, properties[place].blob);
         else
-            statement.bind(next, static_cast<std::int64_t>(found->number));
+            statement.bind(next, static_cast<std::int64_t>(properties[place].number));
         ++next;
     }
 }

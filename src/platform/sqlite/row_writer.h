@@ -6,9 +6,11 @@
 #include "platform/sqlite/table.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace hourwright::platform::sqlite {
@@ -26,8 +28,19 @@ public:
     [[nodiscard]] bool remove(ObjectId id);
 
 private:
+    /// What is the same for all records of a shape: its number and, for each column, the place of its property in the
+    /// shape (the shape's size when it has none).
+    struct ShapePlan {
+        std::int64_t number = 0;
+        std::vector<std::size_t> placeOfColumn;
+    };
+    struct ShapeHash {
+        std::size_t operator()(const Shape& shape) const;
+    };
+
     [[nodiscard]] bool write(Statement& statement, ObjectId id, std::span<const PropertyValue> properties);
-    [[nodiscard]] bool makeColumns(std::span<const PropertyValue> properties);
+    [[nodiscard]] bool takeShape(std::span<const PropertyValue> properties);
+    [[nodiscard]] bool makeColumns();
     void bindColumns(Statement& statement, std::span<const PropertyValue> properties);
     void encodeTexts(std::span<const PropertyValue> properties);
 
@@ -39,8 +52,10 @@ private:
     Statement update_;        // leaves the sort column alone, so that scans over the index go on
     Statement updateAndMove_; // all columns
     Statement delete_;
-    std::vector<std::string> texts_; // UTF-8 of the text at the same place of the property list
-    Shape shape_;
+    std::vector<std::string> texts_;  // UTF-8 of the text at the same place of the property list
+    Shape shape_;                     // of the record being written
+    const ShapePlan* plan_ = nullptr; // for that shape
+    std::unordered_map<Shape, ShapePlan, ShapeHash> plans_;
 };
 
 } // namespace hourwright::platform::sqlite

@@ -20,12 +20,6 @@ std::uint64_t largestNumber(ValueType type) {
     }
 }
 
-bool sameSortValue(const PropertyValue* a, const PropertyValue* b) {
-    if (a == nullptr || b == nullptr)
-        return a == b;
-    return a->number == b->number && a->text == b->text && std::ranges::equal(a->blob, b->blob);
-}
-
 std::vector<TextTest> testsOf(std::span<const PropertyValue> texts) {
     std::vector<TextTest> tests;
     for (const PropertyValue& value : texts)
@@ -244,13 +238,14 @@ ObjectId SqliteDatabase::write(Transaction&, ObjectId id, std::span<const Proper
 // counts.
 PlatformError SqliteDatabase::normalise(std::span<const PropertyValue> properties) {
     given_.clear();
+    std::uint64_t seen = 0; // a bit for some properties each: most lists need no look for doubles
     for (PropertyValue value : properties) {
-        if (!isKnownType(value.id.type()))
-            return PlatformError::invalidParameter;
-        if (value.number > largestNumber(value.id.type()))
+        if (!isKnownType(value.id.type()) || value.number > largestNumber(value.id.type()))
             return PlatformError::invalidParameter;
         value.text = value.text.substr(0, value.text.find(u'\0'));
-        const auto same = std::ranges::find(given_, value.id, &PropertyValue::id);
+        const std::uint64_t bit = std::uint64_t{1} << (value.id.number() % 64);
+        const auto same = (seen & bit) == 0 ? given_.end() : std::ranges::find(given_, value.id, &PropertyValue::id);
+        seen |= bit;
         if (same != given_.end())
             *same = value;
         else
@@ -314,25 +309,33 @@ PlatformError SqliteDatabase::mergeInto(ObjectId id, bool& sortChanged) {
     if (error != PlatformError::none)
         return error;
     merged_.clear();
-    for (const PropertyValue& old : stored_.values()) {
-        const PropertyValue* const change = findIn(given_, old.id);
+    for (const PropertyId property : storedShape_) {
+        const PropertyValue* const change = findIn(given_, property);
         if (change == nullptr)
-            merged_.push_back(old);
+            merged_.push_back(*stored_.find(property));
         else if (!change->deletion)
             merged_.push_back(*change);
     }
     for (const PropertyValue& value : given_)
-        if (!value.deletion && stored_.find(value.id) == nullptr)
+        if (!value.deletion && std::ranges::find(storedShape_, value.id) == storedShape_.end())
             merged_.push_back(value);
-    const PropertyId sort = table_->info().sortProperty;
-    sortChanged = !sameSortValue(stored_.find(sort), findIn(merged_, sort));
+    sortChanged = sortProperty_ != table_->info().sortProperty || !hasSortValue(storedPlace_, merged_);
     return PlatformError::none;
 }
 
-// Reads the record as it is stored into `stored_`; a scan that stands on it has it at hand.
+// True when the properties give a record the sort value of a place.
+bool SqliteDatabase::hasSortValue(const RecordPlace& place, std::span<const PropertyValue> properties) const {
+    const PropertyValue* const key = findIn(properties, sortProperty_);
+    if (key == nullptr || !place.hasKey)
+        return (key == nullptr) == !place.hasKey;
+    const RecordPlace other = placeOf(*key);
+    return other.number == place.number && other.text == place.text;
+}
+
+// Reads the record as it is stored, as far as it is not written over; a scan that stands on it has it at hand.
 PlatformError SqliteDatabase::readStored(ObjectId id) {
     if (standsOnFreshRow() && place_.id == id && scan_ == full_.get() &&
-        decodeStored(scan_->reader(), scan_->row()) == RowReader::Result::ok)
+        decodeStored(*scan_, scan_->row()) == RowReader::Result::ok)
         return PlatformError::none;
     for (int attempt = 0; attempt < 2; ++attempt) {
         RecordScan& full = fullScan();
@@ -342,7 +345,7 @@ PlatformError SqliteDatabase::readStored(ObjectId id) {
             return volume_.connection().lastError();
         if (step == Step::done)
             return PlatformError::invalidParameter;
-        const RowReader::Result result = decodeStored(full.reader(), full.found());
+        const RowReader::Result result = decodeStored(full, full.found());
         if (result == RowReader::Result::ok)
             return PlatformError::none;
         if (result == RowReader::Result::damaged)
@@ -352,9 +355,17 @@ PlatformError SqliteDatabase::readStored(ObjectId id) {
     return PlatformError::fileCorrupt;
 }
 
-RowReader::Result SqliteDatabase::decodeStored(RowReader& reader, const Statement& row) {
-    const RowReader::Result result = reader.verify(row);
-    return result == RowReader::Result::ok ? reader.decode(row, stored_, {}) : result;
+RowReader::Result SqliteDatabase::decodeStored(RecordScan& scan, const Statement& row) {
+    const RowReader::Result result = scan.reader().verify(row);
+    if (result != RowReader::Result::ok)
+        return result;
+    scan.takePlace(row, storedPlace_);
+    storedShape_ = *volume_.shapes().find(row.integer(RowReader::shapeColumn));
+    kept_.clear();
+    for (const PropertyId property : storedShape_)
+        if (findIn(given_, property) == nullptr)
+            kept_.push_back(property);
+    return kept_.empty() ? RowReader::Result::ok : scan.reader().decode(row, stored_, kept_);
 }
 
 bool SqliteDatabase::deleteCurrent(Transaction&) {

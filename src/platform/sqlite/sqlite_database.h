@@ -46,7 +46,8 @@ private:
     [[nodiscard]] ObjectId insert();
     [[nodiscard]] ObjectId update(ObjectId id);
     [[nodiscard]] PlatformError readStored(ObjectId id);
-    [[nodiscard]] RowReader::Result decodeStored(RowReader& reader, const Statement& row);
+    [[nodiscard]] RowReader::Result decodeStored(RecordScan& scan, const Statement& row);
+    [[nodiscard]] bool hasSortValue(const RecordPlace& place, std::span<const PropertyValue> properties) const;
     [[nodiscard]] bool standsOnFreshRow() const;
     ObjectId written(ObjectId id, bool orderChanged);
     ObjectId failedWrite(PlatformError error);
@@ -67,6 +68,10 @@ private:
     bool hasRecord_ = false; // false after the record at the place was deleted
     std::vector<PropertyValue> given_;
     std::vector<PropertyValue> merged_;
+    // The stored record that an update changes: its shape and place, and the values that stay.
+    Shape storedShape_;
+    RecordPlace storedPlace_;
+    std::vector<PropertyId> kept_;
     PropertyBuffer stored_;
 };
 
