@@ -2,6 +2,8 @@
 PREFIX ?= /usr/local
 DESTDIR ?=
 JOBS ?= 2
+# How many entries the stores of `make bench` hold.
+ENTRIES ?= 1000000
 
 launcher := $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 configure = cmake --log-level=WARNING --preset $(1) $(launcher)
@@ -34,8 +36,9 @@ test: setup
 
 bench: setup
 	$(call configure,release)
-	$(call build,release) --target hourwright_bench
+	$(call build,release) --target hourwright_bench hourwright_ratios hwctl
 	build/release/bench/hourwright_bench
+	build/release/bench/hourwright_ratios build/release/bin/hwctl build/bench-homes $(ENTRIES)
 
 install: setup
 	$(call configure,release)
