@@ -102,6 +102,25 @@ TEST_F(BulkChangeTest, MarkBilledChangesOnlyWhatIsBillable) {
     }
 }
 
+TEST_F(BulkChangeTest, RecordsOfEarlierVersionsGetTodaysForm) {
+    using platform::PropertyValue;
+    const std::vector<PropertyValue> old = {PropertyValue::ofFileTime(1001, november(2)),
+                                            PropertyValue::ofText(1002, u"Acme"), PropertyValue::ofBoolean(1009, true),
+                                            PropertyValue::ofUi2(1018, 5), PropertyValue::ofUi2(1006, 150)};
+    RecordId id{};
+    change([&](auto& transaction) { id = stores().entries().write(transaction, RecordId::none, old); });
+    change(
+        [&](auto& transaction) { EXPECT_EQ(markAllPaid(transaction, stores().entries(), {}, paidDate_, now_), 1U); });
+    ASSERT_EQ(stores().entries().seek(platform::Seek::toId(id)), id);
+    platform::PropertyBuffer stored;
+    ASSERT_EQ(stores().entries().read(stored), store::ReadResult::ok);
+    std::vector<std::uint16_t> fields;
+    for (const PropertyValue& value : stored.values())
+        fields.push_back(value.id.number());
+    EXPECT_EQ(fields, (std::vector<std::uint16_t>{1001, 1002, 1006, 1019, 1020, 1021, 1022}));
+    EXPECT_EQ(allEntries().front().status, EntryStatus::paid);
+}
+
 TEST_F(BulkChangeTest, ARepeatedRewriteAddsTheThirdFlag) {
     insertEach({{.client = u"Acme"}});
     for (const int flags : {3, 7, 7}) {

@@ -279,6 +279,38 @@ TEST_F(ObjectStoreTest, UpdatingInAWalkVisitsEachRecordOnce) {
 }
 
 // Every seek against a plain model, with random records, updates and deletions.
+// The walk stands on the old row while the record is written: it must neither be lost nor be read again.
+TEST_F(ObjectStoreTest, AWalkReadsAndChangesWhatItHasJustWritten) {
+    makeDatabase(byDate);
+    const PropertyId text{7, ValueType::text};
+    for (const std::uint64_t ticks : {10U, 20U, 30U})
+        write(ObjectId::none, {date(ticks), PropertyValue::ofText(7, u"before")});
+    const auto transaction = store_->begin();
+    const auto other = store_->openDatabase(database_->id(), byDate);
+    PropertyBuffer record;
+    for (ObjectId id = database_->seek(Seek::toBeginning()); id != ObjectId::none;
+         id = database_->seek(Seek::fromCurrent(1))) {
+        // A property that the table has no column for yet, then one that another handle has written meanwhile.
+        ASSERT_EQ(database_->write(*transaction, id, std::vector{PropertyValue::ofUi4(99, 1)}), id);
+        ASSERT_EQ(other->write(*transaction, id, std::vector{PropertyValue::ofText(7, u"other")}), id);
+        ASSERT_TRUE(database_->read(record));
+        ASSERT_NE(record.find(text), nullptr);
+        EXPECT_EQ(record.find(text)->text, u"other");
+        ASSERT_EQ(database_->write(*transaction, id, std::vector{PropertyValue::ofUi4(99, 2)}), id);
+    }
+    ASSERT_TRUE(transaction->commit());
+    std::size_t records = 0;
+    for (ObjectId id = database_->seek(Seek::toBeginning()); id != ObjectId::none;
+         id = database_->seek(Seek::fromCurrent(1)), ++records) {
+        ASSERT_TRUE(database_->read(record));
+        ASSERT_EQ(record.values().size(), 3U);
+        EXPECT_EQ(record.values()[1].text, u"other");
+        EXPECT_EQ(record.values()[2].number, 2U);
+    }
+    EXPECT_EQ(records, 3U);
+    EXPECT_TRUE(store_->check([](std::string_view finding) { ADD_FAILURE() << finding; }));
+}
+
 TEST_F(ObjectStoreTest, AgreesWithAModelUnderRandomUse) {
     makeDatabase(byDate);
     std::mt19937 random(20261121); // NOLINT(cert-msc51-cpp): the same every time
