@@ -22,7 +22,7 @@ endif()
 # use.
 function(hourwright_floor name)
   cmake_parse_arguments(FLOOR "" "" "USES;LIBRARIES;EXCLUDE" ${ARGN})
-  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
   foreach(folder IN LISTS FLOOR_EXCLUDE)
     list(FILTER sources EXCLUDE REGEX "^${CMAKE_CURRENT_SOURCE_DIR}/${folder}/")
   endforeach()

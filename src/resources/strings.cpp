@@ -132,6 +132,7 @@ constexpr std::array table = {
     Row{StringId::summaryFirstDate, u"First Entry Date:"},
     Row{StringId::summaryLastDate, u"Last Entry Date:"},
     Row{StringId::summaryUnpaid, u"Unpaid"},
+    Row{StringId::manualNotOpened, u"The manual could not be opened."},
 };
 
 static_assert(std::ranges::is_sorted(table, {}, &Row::id));

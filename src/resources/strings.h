@@ -114,6 +114,7 @@ enum class StringId : std::uint16_t {
     summaryFirstDate = 9100,
     summaryLastDate = 9101,
     summaryUnpaid = 9102,
+    manualNotOpened = 9110,
 };
 
 /// The text with this number; empty for a number that is not in the table.

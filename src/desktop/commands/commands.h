@@ -1,0 +1,12 @@
+#pragma once
+
+namespace hourwright::desktop {
+
+class MainWindow;
+
+/// Fills in what the commands of the main window do; one function for each group, in the file of its name.
+void addAllCommands(MainWindow& window);
+
+void addViewCommands(MainWindow& window);
+
+} // namespace hourwright::desktop

@@ -1,0 +1,26 @@
+#include "desktop/main_window.h"
+
+#include "desktop/desktop_fixture.h"
+
+#include <QMenuBar>
+#include <QTest>
+
+namespace hourwright::desktop {
+namespace {
+
+class MainWindowTest : public test::DesktopFixture {};
+
+TEST_F(MainWindowTest, MovesThroughPeriodsByKeyboard) {
+    MainWindow window(workspace());
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto start = workspace().view().period().start();
+    QTest::keyClick(&window, Qt::Key_Right, Qt::AltModifier);
+    EXPECT_EQ(workspace().view().period().start().ticks, start.ticks + 7 * platform::ticksPerDay);
+    QTest::keyClick(&window, Qt::Key_Home, Qt::AltModifier);
+    EXPECT_EQ(workspace().view().period().start(), start);
+}
+
+} // namespace
+} // namespace hourwright::desktop
