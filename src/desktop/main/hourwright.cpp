@@ -24,7 +24,7 @@ int main(int argc, char** argv) {
     const auto registry = platform::openSqliteRegistry(directories.settingsFile());
     app::AppSettings settings = app::AppSettings::load(
         *registry,
-        {.osMajorVersion = 5,
+        {.osMajorVersion = desktop::isHandheld() ? 5U : 4U,
          .personalFolder = platform::toUtf16(platform::documentsDirectory(platform::processEnvironment).string())});
     auto opened = platform::openSqliteObjectStore(directories.recordsFile());
     platform::QtMessageBox messages;

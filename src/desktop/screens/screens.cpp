@@ -1,0 +1,11 @@
+#include "desktop/screens/screens.h"
+
+namespace hourwright::desktop {
+
+std::vector<Screen> allScreens() {
+    std::vector<Screen> screens;
+    addMainScreens(screens);
+    return screens;
+}
+
+} // namespace hourwright::desktop
