@@ -133,6 +133,12 @@ constexpr std::array table = {
     Row{StringId::summaryLastDate, u"Last Entry Date:"},
     Row{StringId::summaryUnpaid, u"Unpaid"},
     Row{StringId::manualNotOpened, u"The manual could not be opened."},
+    Row{StringId::upgradeRecords, u"These records were made by an earlier version of Hourwright. Do you want to store "
+                                  u"them in the present form now? Nothing of them changes."},
+    Row{StringId::fileKindUnknown, u"Hourwright cannot open files of this kind."},
+    Row{StringId::fileKindNotYet, u"Hourwright cannot open backup, archive and client structure files yet."},
+    Row{StringId::fileNotFound, u"The file to be opened was not found."},
+    Row{StringId::handOverUnreadable, u"Hourwright was started with options that it cannot understand."},
 };
 
 static_assert(std::ranges::is_sorted(table, {}, &Row::id));

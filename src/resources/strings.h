@@ -115,6 +115,11 @@ enum class StringId : std::uint16_t {
     summaryLastDate = 9101,
     summaryUnpaid = 9102,
     manualNotOpened = 9110,
+    upgradeRecords = 9200,
+    fileKindUnknown = 9201,
+    fileKindNotYet = 9202,
+    fileNotFound = 9203,
+    handOverUnreadable = 9204,
 };
 
 /// The text with this number; empty for a number that is not in the table.
