@@ -139,6 +139,14 @@ constexpr std::array table = {
     Row{StringId::fileKindNotYet, u"Hourwright cannot open backup, archive and client structure files yet."},
     Row{StringId::fileNotFound, u"The file to be opened was not found."},
     Row{StringId::handOverUnreadable, u"Hourwright was started with options that it cannot understand."},
+    Row{StringId::discardChanges, u"Do you want to close without saving your changes?"},
+    Row{StringId::deleteOneSelected, u"Are you sure to delete the selected item?"},
+    Row{StringId::deleteSelected, u"Are you sure to delete the %d selected items?"},
+    Row{StringId::recordChangedMeanwhile, u"This record was changed by another program or window while you were "
+                                          u"editing it. Do you want to overwrite it with what you see here?"},
+    Row{StringId::recordDeletedMeanwhile, u"This record was deleted by another program or window while you were "
+                                          u"editing it. Do you want to save it as a new one?"},
+    Row{StringId::copyEndTooFar, u"An end date may be at most %d days after the entry."},
 };
 
 static_assert(std::ranges::is_sorted(table, {}, &Row::id));

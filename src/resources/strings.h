@@ -120,6 +120,12 @@ enum class StringId : std::uint16_t {
     fileKindNotYet = 9202,
     fileNotFound = 9203,
     handOverUnreadable = 9204,
+    discardChanges = 9250,
+    deleteOneSelected = 9251,
+    deleteSelected = 9252,
+    recordChangedMeanwhile = 9253,
+    recordDeletedMeanwhile = 9254,
+    copyEndTooFar = 9255,
 };
 
 /// The text with this number; empty for a number that is not in the table.
