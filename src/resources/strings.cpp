@@ -147,6 +147,14 @@ constexpr std::array table = {
     Row{StringId::recordDeletedMeanwhile, u"This record was deleted by another program or window while you were "
                                           u"editing it. Do you want to save it as a new one?"},
     Row{StringId::copyEndTooFar, u"An end date may be at most %d days after the entry."},
+    Row{StringId::nameMissing, u"Please enter a name."},
+    Row{StringId::nameTaken, u"This name is there already. Please choose another one."},
+    Row{StringId::deleteRate, u"Are you sure to delete this rate?"},
+    Row{StringId::deleteListItems,
+        u"Are you sure to delete the selected items of this list? Entries and expenses keep their texts."},
+    Row{StringId::nothingToMigrate, u"Please check the projects and tasks to migrate."},
+    Row{StringId::migrateTarget, u"Please select the client that they migrate to."},
+    Row{StringId::odometerEndBeforeStart, u"The end odometer cannot be less than the start odometer."},
 };
 
 static_assert(std::ranges::is_sorted(table, {}, &Row::id));

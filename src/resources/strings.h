@@ -126,6 +126,13 @@ enum class StringId : std::uint16_t {
     recordChangedMeanwhile = 9253,
     recordDeletedMeanwhile = 9254,
     copyEndTooFar = 9255,
+    nameMissing = 9270,
+    nameTaken = 9271,
+    deleteRate = 9272,
+    deleteListItems = 9273,
+    nothingToMigrate = 9274,
+    migrateTarget = 9275,
+    odometerEndBeforeStart = 9276,
 };
 
 /// The text with this number; empty for a number that is not in the table.
