@@ -72,6 +72,8 @@ constexpr std::array rateOptions{&option::rateKind, &option::rateDescription, &o
 constexpr OptionGroup rateFields{"", "", rateOptions};
 constexpr std::array wipeOptions{&option::wipeRates};
 constexpr OptionGroup wipeGroup{"", "", wipeOptions};
+constexpr std::array spreadsheetOptions{&option::delimiter, &option::decimalMark, &option::noByteOrderMark};
+constexpr OptionGroup spreadsheet{"", "Form of the file", spreadsheetOptions};
 
 constexpr ArgumentSpec clientArgument{"CLIENT", ValueKind::clientName, "name of the client"};
 constexpr std::array newClient{ArgumentSpec{"NAME", ValueKind::text, "name of the new client"}};
@@ -236,6 +238,36 @@ constexpr std::array commandTable{
                 exportExpenses},
     CommandSpec{
         "export", "xml", "write the entries of a period as an XML document", fileName, {&period, &filter}, exportXml},
+    CommandSpec{"export",
+                "spreadsheet",
+                "write the entries of a period as a CSV file for spreadsheets, in UTF-8",
+                fileName,
+                {&period, &filter, &spreadsheet},
+                exportSpreadsheet},
+    CommandSpec{"export",
+                "expense-spreadsheet",
+                "write the expenses of a period as a CSV file for spreadsheets, in UTF-8",
+                fileName,
+                {&period, &expenseFilter, &spreadsheet},
+                exportExpenseSpreadsheet},
+    CommandSpec{"export",
+                "json",
+                "write the entries of a period as a JSON array, as entry list prints it",
+                fileName,
+                {&period, &filter},
+                exportJson},
+    CommandSpec{"export",
+                "expense-json",
+                "write the expenses of a period as a JSON array, as expense list prints it",
+                fileName,
+                {&period, &expenseFilter},
+                exportExpenseJson},
+    CommandSpec{"export",
+                "icalendar",
+                "write the entries of a period as events of an iCalendar file",
+                fileName,
+                {&period, &filter},
+                exportCalendar},
     CommandSpec{"summary",
                 "",
                 "sum up all time of a client, or of one project or task of it",

@@ -207,6 +207,11 @@ inline constexpr OptionSpec rateDescription{"--description", Arity::one, ValueKi
                                             "what the rate is for"};
 inline constexpr OptionSpec rateAmount{"--rate", Arity::one, ValueKind::text, "AMOUNT",
                                        "the rate; digits past the second decimal are cut off"};
+inline constexpr OptionSpec delimiter{"--delimiter",           Arity::one,           ValueKind::choice, "NAME",
+                                      "between cells (comma)", "comma|semicolon|tab"};
+inline constexpr OptionSpec decimalMark{"--decimal", Arity::one,           ValueKind::choice,
+                                        "NAME",      "in numbers (point)", "point|comma"};
+inline constexpr OptionSpec noByteOrderMark{"--no-bom", Arity::none, {}, "", "begin without a byte order mark"};
 inline constexpr OptionSpec wipeRates{"--rates", Arity::none, {}, "", "delete all rates too"};
 
 } // namespace option

@@ -78,19 +78,6 @@ std::optional<DateText> parseOffset(std::string_view text) {
     return DateText{.relative = true, .days = negative ? -days : days};
 }
 
-void appendPadded(std::string& out, std::uint16_t value, std::size_t width) {
-    const std::string digits = std::to_string(value);
-    if (digits.size() < width)
-        out.append(width - digits.size(), '0');
-    out += digits;
-}
-
-void appendTime(std::string& out, const SystemTime& time) {
-    appendPadded(out, time.hour, 2);
-    out += ':';
-    appendPadded(out, time.minute, 2);
-}
-
 } // namespace
 
 std::optional<DateText> parseDate(std::string_view text) {
@@ -136,31 +123,6 @@ std::optional<SystemTime> parseDateTime(std::string_view text) {
     time->day = date->day;
     time->dayOfWeek = platform::weekday(date->year, date->month, date->day);
     return time;
-}
-
-std::string dateText(const SystemTime& time) {
-    std::string out;
-    appendPadded(out, time.year, 4);
-    out += '-';
-    appendPadded(out, time.month, 2);
-    out += '-';
-    appendPadded(out, time.day, 2);
-    return out;
-}
-
-std::string timeText(const SystemTime& time) {
-    std::string out;
-    appendTime(out, time);
-    return out;
-}
-
-std::string dateTimeText(const SystemTime& time) {
-    std::string out = dateText(time);
-    out += ' ';
-    appendTime(out, time);
-    out += ':';
-    appendPadded(out, time.second, 2);
-    return out;
 }
 
 } // namespace hourwright::cli

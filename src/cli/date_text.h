@@ -1,5 +1,6 @@
 #pragma once
 
+#include "exchange/iso_dates.h"
 #include "platform/file_time.h"
 
 #include <cstdint>
@@ -31,9 +32,8 @@ struct DateText {
 /// Reads "YYYY-MM-DD HH:MM:SS", optionally followed by ".mmm"; nothing outside the years 1601 to 30827.
 [[nodiscard]] std::optional<platform::SystemTime> parseDateTime(std::string_view text);
 
-/// "YYYY-MM-DD", "HH:MM" and "YYYY-MM-DD HH:MM:SS".
-[[nodiscard]] std::string dateText(const platform::SystemTime& time);
-[[nodiscard]] std::string timeText(const platform::SystemTime& time);
-[[nodiscard]] std::string dateTimeText(const platform::SystemTime& time);
+using exchange::dateText;
+using exchange::dateTimeText;
+using exchange::timeText;
 
 } // namespace hourwright::cli

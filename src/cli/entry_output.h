@@ -2,7 +2,7 @@
 
 #include "billing/time_rules.h"
 #include "cli/json_writer.h"
-#include "exchange/note_text_converter.h"
+#include "exchange/record_json.h"
 #include "platform/locale.h"
 #include "store/time_entry.h"
 
@@ -15,23 +15,20 @@ namespace hourwright::cli {
 /// Prints time entries, as JSON objects or as rows for people.
 class EntryOutput {
 public:
-    explicit EntryOutput(const billing::TimeRules& rules) : rules_(rules) {}
+    explicit EntryOutput(const billing::TimeRules& rules) : rules_(rules), json_(rules) {}
 
-    void writeJson(JsonWriter& json, const store::TimeEntry& entry);
+    void writeJson(JsonWriter& json, const store::TimeEntry& entry) { json_.write(json, entry); }
 
     /// A cell of an entry; see `entryCells` for the numbers of cells.
     [[nodiscard]] std::string cell(const store::TimeEntry& entry, std::size_t number,
                                    const platform::Locale& locale) const;
 
     /// The note's text, with LF between lines.
-    [[nodiscard]] std::u16string noteText(const store::TimeEntry& entry);
+    [[nodiscard]] std::u16string noteText(const store::TimeEntry& entry) { return json_.noteText(entry); }
 
 private:
-    void writeTimes(JsonWriter& json, const store::TimeEntry& entry) const;
-    void writeBilling(JsonWriter& json, const store::TimeEntry& entry) const;
-
     billing::TimeRules rules_;
-    exchange::NoteTextConverter notes_;
+    exchange::EntryJson json_;
 };
 
 /// What can be printed of an entry: its name in options, its title, and whether it stands to the right.

@@ -8,6 +8,7 @@
 #include "cli/property_output.h"
 #include "cli/record_access.h"
 #include "cli/record_values.h"
+#include "exchange/record_json.h"
 #include "platform/number_text.h"
 #include "platform/utf.h"
 #include "store/date_walk.h"
@@ -73,7 +74,7 @@ bool listJson(Session& session, store::Stores& stores, const Listing& listing) {
     JsonWriter json(session.out());
     json.beginArray();
     const bool read =
-        walkArranged(session, stores, listing, [&](const ExpenseEntry& expense) { writeExpense(json, expense); });
+        walkArranged(session, stores, listing, [&](const ExpenseEntry& expense) { exchange::writeJson(json, expense); });
     json.endArray().finish();
     return read;
 }
@@ -116,7 +117,7 @@ ExitCode expenseShow(Session& session, const Arguments& arguments) {
         return showProperties(session, stores->expenses());
     if (session.json()) {
         JsonWriter json(session.out());
-        writeExpense(json, expense);
+        exchange::writeJson(json, expense);
         json.finish();
     } else {
         showLines(session, expense);

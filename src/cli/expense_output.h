@@ -1,6 +1,5 @@
 #pragma once
 
-#include "cli/json_writer.h"
 #include "cli/session.h"
 #include "cli/text_table.h"
 #include "platform/locale.h"
@@ -18,8 +17,6 @@ namespace hourwright::cli {
 /// Reads the expense with this id and makes its record the current one. False, with the message shown, when there is
 /// none.
 [[nodiscard]] bool readExpense(Session& session, store::Stores& stores, store::RecordId id, store::ExpenseEntry& out);
-
-void writeExpense(JsonWriter& json, const store::ExpenseEntry& expense);
 
 /// The cells of an expense for people, and their titles: record id and status, then the expense list's columns with
 /// these indexes.

@@ -1,11 +1,14 @@
+#include "app/settings_rules.h"
 #include "cli/filter_option.h"
 #include "cli/handlers.h"
 #include "cli/joined.h"
 #include "cli/period_option.h"
 #include "cli/session.h"
 #include "exchange/csv_export.h"
+#include "exchange/other_exports.h"
 #include "exchange/xml_export.h"
 
+#include <optional>
 #include <string>
 
 namespace hourwright::cli {
@@ -24,14 +27,18 @@ ExitCode endOfExport(Session& session, const exchange::ExportResult& result) {
 
 // What the options of an export say about one kind of record.
 struct Entries {
+    using Record = store::TimeEntry;
     using Matcher = app::EntryMatcher;
     static constexpr PeriodView view = PeriodView::entries;
     static constexpr auto filterOption = entryFilterOption;
+    static store::RecordStore& of(store::Stores& stores) { return stores.entries(); }
 };
 struct Expenses {
+    using Record = store::ExpenseEntry;
     using Matcher = app::ExpenseMatcher;
     static constexpr PeriodView view = PeriodView::expenses;
     static constexpr auto filterOption = expenseFilterOption;
+    static store::RecordStore& of(store::Stores& stores) { return stores.expenses(); }
 };
 
 // Runs an export to the file that the last positional names, over the stores, instants and records that the options
@@ -44,10 +51,34 @@ ExitCode runExport(Session& session, const Arguments& arguments, Export runIt) {
     if (!stores)
         return ExitCode::refused;
     const typename Records::Matcher matcher(*filter, *session.locales().user);
-    const auto accepts = [&matcher](const auto& record) { return matcher.matches(record); };
+    const auto accepts = [&matcher](const typename Records::Record& record) { return matcher.matches(record); };
     const exchange::ExportTarget target{session.files(), std::string(arguments.positionals().back()),
                                         *session.locales().system};
     return endOfExport(session, runIt(*stores, period->dateRange(), accepts, target));
+}
+
+// Nothing, with the message shown, when delimiter and decimal mark are the same.
+std::optional<exchange::SpreadsheetOptions> spreadsheetOptions(Session& session, const Arguments& arguments) {
+    exchange::SpreadsheetOptions options{.csv = exchange::csvOptions(session.settings())};
+    const auto delimiter = arguments.value(option::delimiter).value_or("comma");
+    options.delimiter = delimiter == "tab" ? '\t' : delimiter == "semicolon" ? ';' : ',';
+    options.decimalMark = arguments.value(option::decimalMark).value_or("point") == "comma" ? ',' : '.';
+    options.byteOrderMark = !arguments.has(option::noByteOrderMark);
+    if (exchange::isUsable(options))
+        return options;
+    session.misuse("delimiter and decimal mark must not be the same");
+    return std::nullopt;
+}
+
+template<typename Records>
+ExitCode runSpreadsheet(Session& session, const Arguments& arguments) {
+    const auto options = spreadsheetOptions(session, arguments);
+    if (!options)
+        return ExitCode::usage;
+    return runExport<Records>(
+        session, arguments, [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
+            return exchange::exportSpreadsheet(Records::of(stores), range, accepts, *options, target);
+        });
 }
 
 } // namespace
@@ -75,6 +106,35 @@ ExitCode exportXml(Session& session, const Arguments& arguments) {
                                   return exchange::exportXml(stores.entries(), range, accepts,
                                                              exchange::xmlOptions(session.settings()), target);
                               });
+}
+
+ExitCode exportSpreadsheet(Session& session, const Arguments& arguments) {
+    return runSpreadsheet<Entries>(session, arguments);
+}
+
+ExitCode exportExpenseSpreadsheet(Session& session, const Arguments& arguments) {
+    return runSpreadsheet<Expenses>(session, arguments);
+}
+
+ExitCode exportJson(Session& session, const Arguments& arguments) {
+    return runExport<Entries>(
+        session, arguments, [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
+            return exchange::exportJson(stores.entries(), range, accepts, app::timeRules(session.settings()), target);
+        });
+}
+
+ExitCode exportExpenseJson(Session& session, const Arguments& arguments) {
+    return runExport<Expenses>(session, arguments,
+                               [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
+                                   return exchange::exportJson(stores.expenses(), range, accepts, target);
+                               });
+}
+
+ExitCode exportCalendar(Session& session, const Arguments& arguments) {
+    return runExport<Entries>(
+        session, arguments, [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
+            return exchange::exportCalendar(stores.entries(), range, accepts, session.clock().read(), target);
+        });
 }
 
 } // namespace hourwright::cli

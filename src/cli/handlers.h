@@ -67,6 +67,11 @@ ExitCode registryDeleteKey(Session& session, const Arguments& arguments);
 ExitCode exportCsv(Session& session, const Arguments& arguments);
 ExitCode exportExpenses(Session& session, const Arguments& arguments);
 ExitCode exportXml(Session& session, const Arguments& arguments);
+ExitCode exportSpreadsheet(Session& session, const Arguments& arguments);
+ExitCode exportExpenseSpreadsheet(Session& session, const Arguments& arguments);
+ExitCode exportJson(Session& session, const Arguments& arguments);
+ExitCode exportExpenseJson(Session& session, const Arguments& arguments);
+ExitCode exportCalendar(Session& session, const Arguments& arguments);
 
 ExitCode summary(Session& session, const Arguments& arguments);
 

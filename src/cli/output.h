@@ -1,5 +1,6 @@
 #pragma once
 
+#include "exchange/text_sink.h"
 #include "platform/file_writer.h"
 
 #include <string_view>
@@ -8,11 +9,11 @@ namespace hourwright::cli {
 
 /// What a command prints. A failed write is remembered, so that commands need not look after every piece: the command
 /// has failed when `finish` says so. Walks ask `failed` now and then to end early.
-class Output {
+class Output : public exchange::TextSink {
 public:
     explicit Output(platform::FileWriter& file) : file_(file) {}
 
-    void write(std::string_view bytes) {
+    void write(std::string_view bytes) override {
         if (!failed_ && !bytes.empty())
             failed_ = !file_.write(bytes);
     }

@@ -7,21 +7,7 @@
 
 namespace hourwright::cli {
 
-using platform::SystemTime;
 using resources::StringId;
-
-std::optional<SystemTime> unlessZero(platform::FileTime time) {
-    return time == platform::FileTime{} ? std::nullopt : platform::toSystemTime(time);
-}
-
-void writeTime(JsonWriter& json, std::string_view name, const std::optional<SystemTime>& time,
-               std::string (*format)(const SystemTime&)) {
-    json.key(name);
-    if (time)
-        json.value(std::string_view(format(*time)));
-    else
-        json.null();
-}
 
 std::string statusText(store::EntryStatus status) {
     if (status > store::EntryStatus::paid)

@@ -1,6 +1,8 @@
 #pragma once
 
-#include "cli/json_writer.h"
+#include "cli/output.h"
+#include "exchange/iso_dates.h"
+#include "exchange/record_json.h"
 #include "platform/file_time.h"
 #include "platform/locale.h"
 #include "store/entry_types.h"
@@ -12,12 +14,8 @@
 /// Values that time entries and expenses print alike.
 namespace hourwright::cli {
 
-/// The calendar fields of an instant; nothing for the zero that stands for none.
-[[nodiscard]] std::optional<platform::SystemTime> unlessZero(platform::FileTime time);
-
-/// A member with a date or time, null for none.
-void writeTime(JsonWriter& json, std::string_view name, const std::optional<platform::SystemTime>& time,
-               std::string (*format)(const platform::SystemTime&));
+using exchange::unlessZero;
+using exchange::writeTime;
 
 /// The name of a status, or its number when it has none.
 [[nodiscard]] std::string statusText(store::EntryStatus status);

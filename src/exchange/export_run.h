@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 namespace hourwright::exchange {
@@ -51,10 +52,11 @@ private:
 };
 
 /// Creates the file, of which `makeFile` makes a text file, and writes a header, each record as the text that `textOf`
-/// gives, and a footer. After a failure the file stays with what was written.
-template<typename Record, typename MakeFile, typename TextOf>
+/// gives, and a footer. After a failure the file stays with what was written. `Text` is what the file takes.
+template<typename Text = std::u16string_view, typename Record, typename MakeFile, typename TextOf>
 [[nodiscard]] ExportResult writeExport(AcceptedRecords<Record>& records, const ExportTarget& target, MakeFile makeFile,
-                                       std::u16string_view header, TextOf textOf, std::u16string_view footer = {}) {
+                                       std::type_identity_t<Text> header, TextOf textOf,
+                                       std::type_identity_t<Text> footer = {}) {
     ExportResult result;
     const auto fail = [&result](ExportStatus status, platform::PlatformError error) {
         if (result.ok())
@@ -65,9 +67,7 @@ template<typename Record, typename MakeFile, typename TextOf>
     if (!created.writer)
         return {ExportStatus::notCreated, created.error};
     auto file = makeFile(std::move(created.writer));
-    const auto write = [&](std::u16string_view text) {
-        return file.write(text) || fail(ExportStatus::writeFailed, file.error());
-    };
+    const auto write = [&](Text text) { return file.write(text) || fail(ExportStatus::writeFailed, file.error()); };
     if (write(header))
         records.start();
     while (result.ok() && records.atRecord() && write(textOf(records.record()))) {

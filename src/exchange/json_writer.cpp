@@ -1,4 +1,4 @@
-#include "cli/json_writer.h"
+#include "exchange/json_writer.h"
 
 #include "platform/utf.h"
 
@@ -6,7 +6,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace hourwright::cli {
+namespace hourwright::exchange {
 
 namespace {
 
@@ -29,7 +29,7 @@ std::string escapeOf(char c) {
 }
 
 template<typename Number>
-void writeNumber(Output& out, Number number) {
+void writeNumber(TextSink& out, Number number) {
     std::array<char, 32> digits;
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
     out.write({digits.data(), end});
@@ -152,4 +152,4 @@ void JsonWriter::writeString(std::string_view utf8) {
     out_.write("\"");
 }
 
-} // namespace hourwright::cli
+} // namespace hourwright::exchange
