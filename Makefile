@@ -9,12 +9,13 @@ launcher := $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache
 configure = cmake --log-level=WARNING --preset $(1) $(launcher)
 build = cmake --build --preset $(1) -j $(JOBS)
 
-.PHONY: help run test bench install asan tidy format clean setup
+.PHONY: help run test bench faults install asan tidy format clean setup
 
 help:
 	@echo "make run      build hwctl and show what it does, in a temporary home"
 	@echo "make test     build everything and run all tests"
 	@echo "make bench    build with optimisation and run the benchmarks"
+	@echo "make faults   kills, power losses, failing calls, full disks and damaged files, all of them"
 	@echo "make install  install below PREFIX ($(PREFIX)), staged in DESTDIR when given"
 	@echo "make asan     all tests with the address and undefined-behaviour sanitizers"
 	@echo "make tidy     clang-tidy over every source"
@@ -39,6 +40,11 @@ bench: setup
 	$(call build,release) --target hourwright_bench hourwright_ratios hwctl
 	build/release/bench/hourwright_bench
 	build/release/bench/hourwright_ratios build/release/bin/hwctl build/bench-homes $(ENTRIES)
+
+faults: setup
+	$(call configure,release)
+	$(call build,release) --target hwctl
+	PYTHONDONTWRITEBYTECODE=1 python3 tests/faults/faults.py --hwctl build/release/bin/hwctl --long
 
 install: setup
 	$(call configure,release)
