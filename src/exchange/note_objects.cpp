@@ -178,4 +178,8 @@ void appendVoiceGroup(std::string& out, const VoiceClip& clip) {
     out.push_back('}');
 }
 
+std::size_t packedInkSize(const InkDrawing& drawing) {
+    return packInk(drawing).size();
+}
+
 } // namespace hourwright::exchange

@@ -2,6 +2,7 @@
 
 #include "exchange/note_document.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,5 +24,8 @@ struct InkGroup {
 /// Appends the group of a drawing, followed by that of its picture when it has one.
 void appendInkGroup(std::string& out, const InkDrawing& drawing);
 void appendVoiceGroup(std::string& out, const VoiceClip& clip);
+
+/// The number of bytes that a drawing without its picture is packed into.
+[[nodiscard]] std::size_t packedInkSize(const InkDrawing& drawing);
 
 } // namespace hourwright::exchange

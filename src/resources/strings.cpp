@@ -147,6 +147,12 @@ constexpr std::array table = {
     Row{StringId::recordDeletedMeanwhile, u"This record was deleted by another program or window while you were "
                                           u"editing it. Do you want to save it as a new one?"},
     Row{StringId::copyEndTooFar, u"An end date may be at most %d days after the entry."},
+    Row{StringId::noteFileTypes, u"Pocket Word (*.psw)|*.psw|Pocket Notes (*.pwi)|*.pwi|Rich Text Files (*.rtf)|*.rtf|"
+                                 u"Text Files (*.txt)|*.txt|Unicode Text Files (*.txt)|*.txt|"},
+    Row{StringId::noteNotOpened, u"The note could not be opened in a word processor."},
+    Row{StringId::noteNotReadBack, u"The edited note could not be read. The note stays as it was."},
+    Row{StringId::recordingFailed, u"The recording could not be made."},
+    Row{StringId::playingFailed, u"The recording cannot be played."},
     Row{StringId::nameMissing, u"Please enter a name."},
     Row{StringId::nameTaken, u"This name is there already. Please choose another one."},
     Row{StringId::deleteRate, u"Are you sure to delete this rate?"},
