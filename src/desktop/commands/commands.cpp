@@ -4,6 +4,8 @@ namespace hourwright::desktop {
 
 void addAllCommands(MainWindow& window) {
     addViewCommands(window);
+    addExportCommands(window);
+    addSummaryCommands(window);
 }
 
 } // namespace hourwright::desktop

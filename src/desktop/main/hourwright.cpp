@@ -6,6 +6,7 @@
 #include "platform/posix/flock_mutex.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/system_clock.h"
+#include "platform/qt/qt_file_dialog.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_shell.h"
 #include "platform/sqlite/sqlite_object_store.h"
@@ -42,6 +43,7 @@ int main(int argc, char** argv) {
     const platform::SystemClock clock;
     platform::PosixFiles files;
     platform::QtShell shell;
+    platform::QtFileDialog fileDialogs;
     desktop::Workspace workspace({.stores = stores,
                                   .registry = *registry,
                                   .settings = settings,
@@ -51,7 +53,8 @@ int main(int argc, char** argv) {
                                   .files = files,
                                   .shell = shell,
                                   .directories = directories,
-                                  .variable = platform::processEnvironment});
+                                  .variable = platform::processEnvironment,
+                                  .fileDialogs = &fileDialogs});
     desktop::MainWindow window(workspace);
     if (desktop::isHandheld())
         window.showMaximized();
