@@ -151,6 +151,10 @@ public:
     /// Returns true when there is none.
     [[nodiscard]] virtual bool check(const std::function<void(std::string_view)>& report) = 0;
 
+    /// A number that is another one after a program or object other than this has written; it costs little. Nothing when
+    /// the store cannot be read just now. Leaves the last error as it is.
+    [[nodiscard]] virtual std::optional<std::uint64_t> changesByOthers() = 0;
+
     /// The error of the last failed operation, `none` after a successful one.
     [[nodiscard]] virtual PlatformError lastError() const = 0;
 };

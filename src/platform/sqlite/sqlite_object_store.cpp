@@ -48,7 +48,8 @@ private:
 
 class SqliteObjectStore final : public ObjectStore {
 public:
-    explicit SqliteObjectStore(Connection connection) : volume_(std::move(connection)) {}
+    SqliteObjectStore(Connection connection, std::function<void()> onCommitted)
+        : volume_(std::move(connection), std::move(onCommitted)) {}
 
     [[nodiscard]] std::vector<DatabaseInfo> databases(std::optional<std::uint32_t> type) override {
         std::vector<DatabaseInfo> found;
@@ -122,6 +123,8 @@ public:
         return sound;
     }
 
+    [[nodiscard]] std::optional<std::uint64_t> changesByOthers() override { return volume_.changesByOthers(); }
+
     [[nodiscard]] PlatformError lastError() const override { return volume_.lastError(); }
 
 private:
@@ -163,7 +166,7 @@ OpenedStore openSqliteObjectStore(const std::filesystem::path& file, StoreFileOp
     Connection connection(file, options.busyTimeout);
     if (const auto problem = prepareStoreFile(connection))
         return refused(*problem);
-    return {.store = std::make_unique<SqliteObjectStore>(std::move(connection)),
+    return {.store = std::make_unique<SqliteObjectStore>(std::move(connection), std::move(options.onCommitted)),
             .error = PlatformError::none,
             .reason = {}};
 }

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -12,6 +13,8 @@ namespace hourwright::platform {
 struct StoreFileOptions {
     /// How long an operation waits for another process's lock before it fails with error 33.
     std::chrono::milliseconds busyTimeout{5000};
+    /// Called after every committed transaction of this object store, whoever made it. It must not use the store.
+    std::function<void()> onCommitted;
 };
 
 /// An opened store, or null with the platform's error number and a sentence for people.

@@ -7,7 +7,8 @@
 
 namespace hourwright::platform::sqlite {
 
-Volume::Volume(Connection connection) : connection_(std::move(connection)), shapes_(connection_) {}
+Volume::Volume(Connection connection, std::function<void()> onCommitted)
+    : connection_(std::move(connection)), shapes_(connection_), onCommitted_(std::move(onCommitted)) {}
 
 bool Volume::finish(PlatformError error) {
     error_ = error;
@@ -71,6 +72,8 @@ bool Volume::commit() {
         return failed;
     }
     writing_ = false;
+    if (onCommitted_)
+        onCommitted_();
     return finish(PlatformError::none);
 }
 
@@ -88,6 +91,15 @@ void Volume::forgetUncommitted() {
     shapes_.forget();
     for (auto& [id, table] : tables_)
         table->reloadColumns();
+}
+
+std::optional<std::uint64_t> Volume::changesByOthers() {
+    if (!dataVersion_)
+        dataVersion_ = Statement(connection_, "PRAGMA data_version");
+    const ResetGuard guard(dataVersion_);
+    if (!dataVersion_ || dataVersion_.step() != Step::row)
+        return {};
+    return static_cast<std::uint64_t>(dataVersion_.integer(0));
 }
 
 void Volume::beginSnapshot() {

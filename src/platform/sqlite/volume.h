@@ -6,8 +6,10 @@
 #include "platform/sqlite/table.h"
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace hourwright::platform::sqlite {
@@ -18,7 +20,8 @@ class SqliteDatabase;
 /// a snapshot is open. All writing goes through here.
 class Volume {
 public:
-    explicit Volume(Connection connection);
+    /// `onCommitted` is called after every commit, if given.
+    explicit Volume(Connection connection, std::function<void()> onCommitted = {});
 
     [[nodiscard]] Connection& connection() { return connection_; }
     [[nodiscard]] ShapeCatalog& shapes() { return shapes_; }
@@ -39,6 +42,9 @@ public:
     [[nodiscard]] bool writing() const { return writing_; }
     /// A write under the transaction failed in the file: the transaction must not be committed any more.
     void spoil() { spoiled_ = true; }
+
+    /// A number that is another one once another program has written to the file; nothing when it cannot be read.
+    [[nodiscard]] std::optional<std::uint64_t> changesByOthers();
 
     void beginSnapshot();
     void endSnapshot();
@@ -66,8 +72,10 @@ private:
     int snapshots_ = 0;
     std::uint64_t nextId_ = 0;   // 0: not read in this transaction
     std::uint64_t storedId_ = 0; // as in the file
+    std::function<void()> onCommitted_;
     Statement begin_;
     Statement commit_;
+    Statement dataVersion_;
 };
 
 } // namespace hourwright::platform::sqlite
