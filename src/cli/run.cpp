@@ -40,7 +40,11 @@ ExitCode runCommand(const CommandLine& line, Environment& environment, Output& o
     }
     Session session(line, environment, out);
     const ExitCode prepared = session.prepare();
-    return prepared == ExitCode::done ? line.command->run(session, line.arguments) : prepared;
+    if (prepared != ExitCode::done)
+        return prepared;
+    const ExitCode ended = line.command->run(session, line.arguments);
+    session.announceChanges(); // a command that failed may have changed something before
+    return ended;
 }
 
 // Standard output that could not be written is a failure, a silent one when the reader has just gone away.

@@ -4,27 +4,17 @@
 #include "cli/help.h"
 #include "cli/joined.h"
 #include "platform/icu/icu_locale.h"
-#include "platform/locale_names.h"
+#include "platform/icu/icu_locales.h"
 #include "platform/posix/flock_mutex.h"
 #include "platform/posix/system_clock.h"
+#include "platform/posix/unix_instance_channel.h"
 #include "platform/sqlite/sqlite_object_store.h"
 #include "platform/sqlite/sqlite_registry.h"
 #include "platform/utf.h"
 
-#include <array>
 #include <filesystem>
 
 namespace hourwright::cli {
-
-namespace {
-
-// A locale of the environment; one that does not exist counts as none.
-std::unique_ptr<platform::Locale> makeLocale(const std::string& name) {
-    auto locale = platform::makeIcuLocale(name);
-    return locale ? std::move(locale) : platform::makeIcuLocale("C");
-}
-
-} // namespace
 
 Session::Session(const CommandLine& line, Environment& environment, Output& out)
     : line_(line), environment_(environment), out_(out), clock_(&environment.clock) {}
@@ -79,17 +69,9 @@ app::AppSettings& Session::settings() {
 }
 
 const platform::Locales& Session::locales() {
-    if (!locales_) {
-        std::optional<std::string> value; // keeps the text of the last variable looked up
-        const auto lookUp = [&](const char* name) {
-            value = environment_.variable(name);
-            return value ? value->c_str() : nullptr;
-        };
-        const auto given = line_.arguments.value(option::locale);
-        const std::string user = given ? std::string(*given) : platform::userLocaleName(lookUp);
-        const std::string system = given ? user : platform::systemLocaleName(lookUp);
-        locales_ = std::make_unique<platform::Locales>(makeLocale(user), makeLocale(system));
-    }
+    if (!locales_)
+        locales_ = std::make_unique<platform::Locales>(
+            platform::makeLocales(line_.arguments.value(option::locale), environment_.variable));
     return *locales_;
 }
 
@@ -106,7 +88,8 @@ platform::ObjectStore* Session::objects() {
 
 void Session::openObjects() {
     static_cast<void>(platform::makeDirectories(directories())); // a failure shows when the file is opened
-    auto opened = platform::openSqliteObjectStore(directories().recordsFile());
+    auto opened =
+        platform::openSqliteObjectStore(directories().recordsFile(), {.onCommitted = [this] { changed_ = true; }});
     objects_ = std::move(opened.store);
     if (!objects_)
         refuse(resources::StringId::databaseNotOpened, opened.reason);
@@ -135,6 +118,13 @@ std::optional<platform::SystemTime> Session::day(std::string_view date) {
         fail(platform::PlatformError::invalidParameter,
              joined({"The date '", date, "' is not in the years 1601 to 30827."}));
     return day;
+}
+
+void Session::announceChanges() {
+    if (changed_)
+        platform::makeInstanceChannel(directories().runtime)
+            ->send({.kind = platform::InstanceMessageKind::dataChanged, .payload = {}}, {});
+    changed_ = false;
 }
 
 void Session::addReason(std::string_view reason) {

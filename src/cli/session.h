@@ -54,6 +54,9 @@ public:
     /// The day that an accepted date means, at 00:00. Nothing, with the message shown, when it cannot be stored.
     [[nodiscard]] std::optional<platform::SystemTime> day(std::string_view date);
 
+    /// Tells a running window when the command has changed records; it is not waited for.
+    void announceChanges();
+
     /// Shows a message of the string table, and below it what there is to add.
     ExitCode refuse(resources::StringId message, std::string_view reason = {});
     /// Shows "Error: %d".
@@ -83,6 +86,7 @@ private:
     std::unique_ptr<platform::ObjectStore> objects_;
     std::unique_ptr<platform::NamedMutex> clientIdMutex_;
     std::unique_ptr<store::Stores> stores_;
+    bool changed_ = false;
 };
 
 } // namespace hourwright::cli

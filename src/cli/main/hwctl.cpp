@@ -1,6 +1,7 @@
 #include "cli/run.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/posix_io.h"
+#include "platform/posix/private_file.h"
 #include "platform/posix/system_clock.h"
 #include "platform/posix/terminal_message_box.h"
 
@@ -10,6 +11,7 @@ constexpr int standardError = 2;
 
 int main(int argc, char** argv) {
     using namespace hourwright;
+    platform::keepNewFilesPrivate();
     const std::vector<std::string_view> words(argv + (argc > 0 ? 1 : 0), argv + argc);
     platform::PosixFiles files;
     const platform::SystemClock clock;

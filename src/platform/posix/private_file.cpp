@@ -17,4 +17,8 @@ PlatformError createPrivateFile(const std::filesystem::path& path) {
     return PlatformError::none;
 }
 
+void keepNewFilesPrivate() {
+    ::umask(S_IRWXG | S_IRWXO);
+}
+
 } // namespace hourwright::platform
