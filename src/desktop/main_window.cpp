@@ -220,7 +220,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    workspace_.settings().save(workspace_.registry());
     QMainWindow::closeEvent(event);
 }
 

@@ -7,6 +7,8 @@
 #include <QMainWindow>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
 class QLabel;
 class QStackedWidget;
@@ -43,6 +45,8 @@ public:
     std::function<unsigned()> timersInUse;
     std::function<std::u16string()> undoName;
     std::function<std::u16string()> redoName;
+    /// Answers what another program asks of the running timers; bytes to bytes, nothing when they make no sense.
+    std::function<std::optional<std::string>(const std::string&)> answerTimers;
     /// Asked before the window closes; false keeps it open.
     std::function<bool()> mayClose;
     /// Opens the editor on a new record that begins with the seed.

@@ -31,18 +31,6 @@ public:
     bool succeeds = true;
 };
 
-/// Chooses the file that a test has said, and remembers what was asked.
-class ScriptedFileDialog : public platform::FileDialog {
-public:
-    std::optional<platform::SaveChoice> save(const platform::SaveRequest& request) override {
-        requests.push_back(request);
-        return choice;
-    }
-
-    std::optional<platform::SaveChoice> choice;
-    std::vector<platform::SaveRequest> requests;
-};
-
 /// A workspace over a fresh store, with a clock that stands still on Monday, 16 November 2026, 09:00, American English,
 /// and message boxes that answer from a script. Widgets are off-screen.
 class DesktopFixture : public StoreFixture {
@@ -59,15 +47,13 @@ protected:
                                     .files = files_,
                                     .shell = shell_,
                                     .directories = directories_,
-                                    .variable = [](const char*) { return std::optional<std::string>(); },
-                                    .fileDialogs = &fileDialogs_});
+                                    .variable = [](const char*) { return std::optional<std::string>(); }});
     }
 
     [[nodiscard]] desktop::Workspace& workspace() { return *workspace_; }
     [[nodiscard]] app::AppSettings& settings() { return settings_; }
     [[nodiscard]] RecordingMessageBox& messages() { return messages_; }
     [[nodiscard]] RecordingShell& shell() { return shell_; }
-    [[nodiscard]] ScriptedFileDialog& fileDialogs() { return fileDialogs_; }
     [[nodiscard]] FakeClock& clock() { return clock_; }
     [[nodiscard]] std::filesystem::path home() const { return home_.path(); }
 
@@ -80,7 +66,7 @@ protected:
 
 private:
     TemporaryDirectory home_;
-    platform::Directories directories_{.data = file().parent_path(),
+    platform::Directories directories_{.data = home_.path(),
                                        .config = home_.path(),
                                        .state = home_.path(),
                                        .runtime = home_.path() / "run",
@@ -92,7 +78,6 @@ private:
     RecordingMessageBox messages_;
     platform::PosixFiles files_;
     RecordingShell shell_;
-    ScriptedFileDialog fileDialogs_;
     std::unique_ptr<desktop::Workspace> workspace_;
 };
 

@@ -4,8 +4,6 @@ namespace hourwright::desktop {
 
 void addAllCommands(MainWindow& window) {
     addViewCommands(window);
-    addExportCommands(window);
-    addSummaryCommands(window);
 }
 
 } // namespace hourwright::desktop

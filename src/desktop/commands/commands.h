@@ -8,7 +8,5 @@ class MainWindow;
 void addAllCommands(MainWindow& window);
 
 void addViewCommands(MainWindow& window);
-void addExportCommands(MainWindow& window);
-void addSummaryCommands(MainWindow& window);
 
 } // namespace hourwright::desktop

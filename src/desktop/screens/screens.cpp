@@ -5,7 +5,6 @@ namespace hourwright::desktop {
 std::vector<Screen> allScreens() {
     std::vector<Screen> screens;
     addMainScreens(screens);
-    addExportScreens(screens);
     return screens;
 }
 

@@ -22,6 +22,5 @@ struct Screen {
 [[nodiscard]] std::vector<Screen> allScreens();
 
 void addMainScreens(std::vector<Screen>& screens);
-void addExportScreens(std::vector<Screen>& screens);
 
 } // namespace hourwright::desktop

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "desktop/workspace.h"
+
+#include <QTimer>
+#include <optional>
+
+namespace hourwright::desktop {
+
+/// Tells the workspace when other programs have changed records: at once when they say so, soon when they do not. The
+/// window's own changes do not count.
+class ChangeWatch : public QObject {
+    Q_OBJECT
+
+public:
+    /// From now on. To be made before the first records are shown.
+    explicit ChangeWatch(Workspace& workspace);
+
+    /// Another program says that it has changed something. Many notices in a row make one look.
+    void noticed();
+
+private:
+    void look();
+
+    Workspace& workspace_;
+    std::optional<std::uint64_t> seen_;
+    QTimer burst_;
+    QTimer regular_;
+};
+
+} // namespace hourwright::desktop

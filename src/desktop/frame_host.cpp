@@ -1,0 +1,158 @@
+#include "desktop/frame_host.h"
+
+#include "desktop/screen_size.h"
+#include "desktop/window_place.h"
+#include "platform/icu/icu_locales.h"
+#include "platform/posix/flock_mutex.h"
+#include "platform/sqlite/sqlite_object_store.h"
+#include "platform/sqlite/sqlite_registry.h"
+#include "platform/utf.h"
+
+#include <QApplication>
+#include <algorithm>
+
+namespace hourwright::desktop {
+
+namespace {
+
+constexpr int firstWidth = 1000;
+constexpr int firstHeight = 640;
+constexpr const char* activationVariable = "XDG_ACTIVATION_TOKEN";
+
+platform::Locales localesOf(const app::StartOptions& options) {
+    const auto given = options.locale.empty() ? std::nullopt : std::optional<std::string_view>(options.locale);
+    return platform::makeLocales(given, platform::processEnvironment);
+}
+
+// Handhelds have soft keys.
+app::SettingsDevice device() {
+    const auto documents = platform::documentsDirectory(platform::processEnvironment);
+    return {.osMajorVersion = isHandheld() ? 5U : 4U, .personalFolder = platform::toUtf16(documents.string())};
+}
+
+// A first window in the middle of the room, no larger than needed.
+QRect firstPlace(const app::Rectangle& room) {
+    QRect place(0, 0, std::min(firstWidth, room.width), std::min(firstHeight, room.height));
+    place.moveCenter(QRect(room.left, room.top, room.width, room.height).center());
+    return place;
+}
+
+} // namespace
+
+FrameHost::FrameHost(const app::StartOptions& options, platform::Directories directories, platform::EventQueue& queue,
+                     std::unique_ptr<platform::InstanceServer> server)
+    : options_(options), directories_(std::move(directories)), queue_(queue), server_(std::move(server)),
+      registry_(platform::openSqliteRegistry(directories_.settingsFile())), locales_(localesOf(options)),
+      frame_(*this, *registry_, messages_, device()) {}
+
+FrameHost::~FrameHost() = default;
+
+bool FrameHost::create(const app::Rectangle& rectangle) {
+    if (!frame_.create(rectangle))
+        return false;
+    frame_.use(options_);
+    if (server_) {
+        server_->setHandler([this](const platform::InstanceMessage& message) { return answer(message); });
+        notifier_ = std::make_unique<platform::QtInstanceNotifier>(*server_);
+    }
+    return true;
+}
+
+// The window makes its menus, of either kind, together with itself.
+void FrameHost::createMenuBar(bool /*softKeys*/) {}
+
+store::Stores* FrameHost::openStores() {
+    objects_ = platform::openSqliteObjectStore(directories_.recordsFile()).store;
+    if (!objects_)
+        return nullptr;
+    clientIdMutex_ = platform::makeNamedMutex(directories_.runtime, store::clientIdMutexName);
+    stores_ = std::make_unique<store::Stores>(*objects_, *clientIdMutex_, *registry_);
+    return stores_->open() ? stores_.get() : nullptr;
+}
+
+void FrameHost::loadFilters() {
+    workspace_ = std::make_unique<Workspace>(WorkspaceParts{.stores = *stores_,
+                                                            .registry = *registry_,
+                                                            .settings = frame_.settings(),
+                                                            .locales = locales_,
+                                                            .clock = clock_,
+                                                            .messages = messages_,
+                                                            .files = files_,
+                                                            .shell = shell_,
+                                                            .directories = directories_,
+                                                            .variable = platform::processEnvironment});
+    watch_ = std::make_unique<ChangeWatch>(*workspace_);
+}
+
+void FrameHost::createViews(const app::Rectangle& rectangle) {
+    window_ = std::make_unique<MainWindow>(*workspace_);
+    window_->mayClose = [this] {
+        savePlace(*window_, *registry_);
+        return frame_.close();
+    };
+    if (!isHandheld() && !restorePlace(*window_, *registry_))
+        window_->setGeometry(firstPlace(rectangle));
+}
+
+// A new window stands on today in the period of the settings; it has read the records when it was made.
+void FrameHost::showToday() {
+    if (isHandheld())
+        window_->showMaximized();
+    else
+        window_->show();
+}
+
+void FrameHost::comeForward() {
+    window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
+    QWidget* const dialog = QApplication::activeModalWidget();
+    for (QWidget* const widget : {static_cast<QWidget*>(window_.get()), dialog}) {
+        if (widget == nullptr)
+            continue;
+        widget->raise();
+        widget->activateWindow();
+    }
+}
+
+void FrameHost::showPeriod(std::optional<app::PeriodKind> kind, const std::optional<platform::SystemTime>& date) {
+    auto& view = workspace_->view();
+    if (kind)
+        view.setKind(*kind);
+    if (date)
+        view.setDate(*date);
+    window_->showView();
+}
+
+void FrameHost::newEntry() {
+    window_->commands().run(app::Command::newEntry);
+}
+
+unsigned FrameHost::timersInUse() const {
+    return window_->timersInUse ? window_->timersInUse() : 0;
+}
+
+// The window's actions have their shortcuts in the toolkit, which looks for them next.
+bool FrameHost::translateAccelerator(const platform::QueuedEvent& /*event*/) {
+    return false;
+}
+
+std::optional<std::string> FrameHost::answer(const platform::InstanceMessage& message) {
+    using enum platform::InstanceMessageKind;
+    switch (message.kind) {
+    case handOver: {
+        const auto line = platform::handedOverLine(message);
+        if (line)
+            frame_.use(app::parseHandOverLine(*line));
+        return line ? std::optional<std::string>("") : std::nullopt;
+    }
+    case comeForward:
+        if (!message.payload.empty())
+            qputenv(activationVariable, QByteArray::fromStdString(message.payload));
+        FrameHost::comeForward();
+        return "";
+    case dataChanged: watch_->noticed(); return "";
+    case timerCommand: return window_->answerTimers ? window_->answerTimers(message.payload) : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+} // namespace hourwright::desktop

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/main_frame.h"
+#include "desktop/change_watch.h"
+#include "desktop/main_window.h"
+#include "desktop/workspace.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/system_clock.h"
+#include "platform/qt/qt_instance_notifier.h"
+#include "platform/qt/qt_message_box.h"
+#include "platform/qt/qt_shell.h"
+
+#include <memory>
+
+namespace hourwright::desktop {
+
+/// Everything of one running window: it opens what the frame's creation asks for, in its order, and owns it. Programs
+/// that look for the running copy are answered here.
+class FrameHost : public app::FrameWindow {
+public:
+    /// `queue` is borrowed; `server` is null when other copies cannot reach this one.
+    FrameHost(const app::StartOptions& options, platform::Directories directories, platform::EventQueue& queue,
+              std::unique_ptr<platform::InstanceServer> server);
+    ~FrameHost() override;
+    FrameHost(const FrameHost&) = delete;
+    FrameHost& operator=(const FrameHost&) = delete;
+
+    /// Makes the window and does what the options say; false when that is impossible, which was shown.
+    [[nodiscard]] bool create(const app::Rectangle& rectangle);
+
+    [[nodiscard]] app::MainFrame& frame() { return frame_; }
+    /// Once it is made:
+    [[nodiscard]] MainWindow& window() { return *window_; }
+
+    void createMenuBar(bool softKeys) override;
+    [[nodiscard]] store::Stores* openStores() override;
+    void loadFilters() override;
+    void createViews(const app::Rectangle& rectangle) override;
+    void showToday() override;
+    void comeForward() override;
+    void showPeriod(std::optional<app::PeriodKind> kind, const std::optional<platform::SystemTime>& date) override;
+    void newEntry() override;
+    [[nodiscard]] unsigned timersInUse() const override;
+    bool translateAccelerator(const platform::QueuedEvent& event) override;
+    void quit(int code) override { queue_.quit(code); }
+
+private:
+    [[nodiscard]] std::optional<std::string> answer(const platform::InstanceMessage& message);
+
+    app::StartOptions options_;
+    platform::Directories directories_;
+    platform::EventQueue& queue_;
+    std::unique_ptr<platform::InstanceServer> server_;
+    std::unique_ptr<platform::Registry> registry_;
+    platform::Locales locales_;
+    platform::SystemClock clock_;
+    platform::PosixFiles files_;
+    platform::QtShell shell_;
+    platform::QtMessageBox messages_;
+    app::MainFrame frame_;
+    std::unique_ptr<platform::ObjectStore> objects_;
+    std::unique_ptr<platform::NamedMutex> clientIdMutex_;
+    std::unique_ptr<store::Stores> stores_;
+    std::unique_ptr<Workspace> workspace_;
+    std::unique_ptr<ChangeWatch> watch_;
+    std::unique_ptr<MainWindow> window_;
+    std::unique_ptr<platform::QtInstanceNotifier> notifier_;
+};
+
+} // namespace hourwright::desktop
