@@ -12,7 +12,7 @@ build = cmake --build --preset $(1) -j $(JOBS)
 .PHONY: help run test bench faults install asan tidy format clean setup
 
 help:
-	@echo "make run      build hwctl and show what it does, in a temporary home"
+	@echo "make run      build and open the window on made-up records; without a display, a tour and pictures"
 	@echo "make test     build everything and run all tests"
 	@echo "make bench    build with optimisation and run the benchmarks"
 	@echo "make faults   kills, power losses, failing calls, full disks and damaged files, all of them"
@@ -27,8 +27,8 @@ setup:
 
 run: setup
 	$(call configure,release)
-	$(call build,release) --target hwctl
-	@tools/tour build/release/bin/hwctl
+	$(call build,release) --target hwctl hourwright hourwright_screens
+	@tools/tour build/release/bin
 
 test: setup
 	$(call configure,dev)
@@ -48,7 +48,7 @@ faults: setup
 
 install: setup
 	$(call configure,release)
-	$(call build,release) --target hwctl pages
+	$(call build,release) --target hwctl pages hourwright
 	DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(PREFIX)"
 
 asan: setup

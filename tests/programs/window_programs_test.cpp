@@ -220,10 +220,14 @@ class OpenWindowTest : public WindowProgramsTest {
 protected:
     void SetUp() override {
         WindowProgramsTest::SetUp();
+        open({});
+    }
+
+    void open(const app::StartOptions& options) {
         const auto directories = platform::userDirectories(home(), platform::processEnvironment);
         ASSERT_EQ(platform::makeDirectories(directories), platform::PlatformError::none);
-        host_ =
-            std::make_unique<desktop::FrameHost>(app::StartOptions{}, directories, queue_, channel()->claim().server);
+        host_.reset();
+        host_ = std::make_unique<desktop::FrameHost>(options, directories, queue_, channel()->claim().server);
         ASSERT_TRUE(host_->create({.left = 0, .top = 0, .width = 700, .height = 500}));
         QObject::connect(&host_->window().workspace(), &desktop::Workspace::recordsChanged, [this] { ++reloads_; });
     }
@@ -243,6 +247,32 @@ TEST_F(OpenWindowTest, ReloadsAtOnceWhenAnotherProgramWrites) {
     ASSERT_EQ(hwctl({"settings", "set", "MinTime", "6"}), 0);
     QTest::qWait(200);
     EXPECT_EQ(reloads_, 2); // reading and settings are none
+}
+
+TEST_F(OpenWindowTest, KeepsItsPlaceAndItsSettings) {
+    EXPECT_EQ(host_->window().size(), QSize(700, 500));
+    host_->window().setGeometry(40, 30, 610, 420);
+    host_->frame().settings().minTime = 6;
+    EXPECT_TRUE(host_->window().close());
+    open({});
+    EXPECT_EQ(host_->window().geometry(), QRect(40, 30, 610, 420));
+    EXPECT_EQ(host_->frame().settings().minTime, 6);
+}
+
+TEST_F(OpenWindowTest, DoesWhatItsOwnLineAndALaterOneSay) {
+    open(app::parseStartOptions(Words{"--view", "month", "--date", "2026-01-05"}));
+    app::MessageLoop loop(host_->frame());
+    loop.idle();
+    const auto& view = host_->window().workspace().view();
+    EXPECT_EQ(view.kind(), app::PeriodKind::month);
+    EXPECT_EQ(view.period().currentDate().month, 1);
+    EXPECT_EQ(channel()->send(platform::handOverMessage(u"--view day --date 2025-12-31"), 0ms).delivery,
+              Delivery::unanswered);
+    QTest::qWait(100);
+    loop.handled({});
+    loop.idle();
+    EXPECT_EQ(view.kind(), app::PeriodKind::day);
+    EXPECT_EQ(view.period().currentDate().year, 2025);
 }
 
 TEST_F(OpenWindowTest, OwnChangesAreNoNotice) {
