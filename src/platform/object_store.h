@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/error.h"
+#include "platform/history.h"
 #include "platform/property.h"
 
 #include <cstdint>
@@ -140,8 +141,13 @@ public:
     [[nodiscard]] virtual std::unique_ptr<Database> openDatabase(ObjectId id, PropertyId sortProperty) = 0;
 
     /// Begins to write. Null when the store is read-only (5), in use by another process for longer than the time-out
-    /// (33), or when a transaction or snapshot of this object is alive (87).
-    [[nodiscard]] virtual std::unique_ptr<Transaction> begin() = 0;
+    /// (33), or when a transaction or snapshot of this object is alive (87). With a name, what it changes in records
+    /// can be undone once it is committed.
+    [[nodiscard]] virtual std::unique_ptr<Transaction> begin(const ChangeLabel& label) = 0;
+    [[nodiscard]] std::unique_ptr<Transaction> begin() { return begin(ChangeLabel{}); }
+
+    /// The changes that can be undone and redone; it lives as long as the store.
+    [[nodiscard]] virtual History& history() = 0;
 
     /// Begins to read one state. Never null; reading fails later if the store cannot be read. Under a transaction it
     /// sees that transaction's writes.

@@ -161,6 +161,12 @@ constexpr std::array table = {
     Row{StringId::nothingToMigrate, u"Please check the projects and tasks to migrate."},
     Row{StringId::migrateTarget, u"Please select the client that they migrate to."},
     Row{StringId::odometerEndBeforeStart, u"The end odometer cannot be less than the start odometer."},
+    Row{StringId::nothingToUndo, u"There is nothing to undo."},
+    Row{StringId::nothingToRedo, u"There is nothing to redo."},
+    Row{StringId::undoChangedMeanwhile, u"This cannot be undone: its records have been changed by something else "
+                                        u"since. Nothing was changed."},
+    Row{StringId::redoChangedMeanwhile, u"This cannot be redone: its records have been changed by something else "
+                                        u"since. Nothing was changed."},
 };
 
 static_assert(std::ranges::is_sorted(table, {}, &Row::id));

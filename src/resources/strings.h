@@ -138,6 +138,10 @@ enum class StringId : std::uint16_t {
     nothingToMigrate = 9274,
     migrateTarget = 9275,
     odometerEndBeforeStart = 9276,
+    nothingToUndo = 9290,
+    nothingToRedo = 9291,
+    undoChangedMeanwhile = 9292,
+    redoChangedMeanwhile = 9293,
 };
 
 /// The text with this number; empty for a number that is not in the table.

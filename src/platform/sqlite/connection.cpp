@@ -188,6 +188,10 @@ bool Connection::execute(const std::string& sql) {
     return sqlite3_exec(handle_.get(), sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
 }
 
+std::int64_t Connection::changedRows() const {
+    return sqlite3_changes(handle_.get());
+}
+
 int Connection::lastResult() const {
     return handle_ ? sqlite3_extended_errcode(handle_.get()) : SQLITE_CANTOPEN;
 }

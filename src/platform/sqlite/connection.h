@@ -96,6 +96,9 @@ public:
     /// Runs statements that return no rows of interest.
     [[nodiscard]] bool execute(const std::string& sql);
 
+    /// How many rows the last INSERT, UPDATE or DELETE changed.
+    [[nodiscard]] std::int64_t changedRows() const;
+
     /// SQLite's extended result code of the last failed call.
     [[nodiscard]] int lastResult() const;
     [[nodiscard]] PlatformError lastError() const { return platformError(lastResult()); }

@@ -60,14 +60,11 @@ void RecordChecksum::add(std::uint64_t number) {
     state_ = foldEight(state_, static_cast<std::uint32_t>(number), static_cast<std::uint32_t>(number >> 32));
 }
 
-void addToChecksum(RecordChecksum& checksum, const PropertyValue& value, std::string_view utf8) {
+void addToChecksum(RecordChecksum& checksum, const StoredValue& value) {
     checksum.add(std::uint64_t{value.id.value});
-    if (value.id.type() == ValueType::text) {
-        checksum.add(std::uint64_t{utf8.size()});
-        checksum.add(utf8);
-    } else if (value.id.type() == ValueType::blob) {
-        checksum.add(std::uint64_t{value.blob.size()});
-        checksum.add(value.blob);
+    if (value.id.type() == ValueType::text || value.id.type() == ValueType::blob) {
+        checksum.add(std::uint64_t{value.bytes.size()});
+        checksum.add(value.bytes);
     } else {
         checksum.add(value.number);
     }

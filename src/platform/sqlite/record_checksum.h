@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/property.h"
+#include "platform/sqlite/stored_value.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -24,7 +24,7 @@ private:
 };
 
 /// Adds one stored value to a record's checksum: its property, then its number, or the length and bytes of its text
-/// (UTF-8) or blob.
-void addToChecksum(RecordChecksum& checksum, const PropertyValue& value, std::string_view utf8);
+/// or blob.
+void addToChecksum(RecordChecksum& checksum, const StoredValue& value);
 
 } // namespace hourwright::platform::sqlite

@@ -10,10 +10,6 @@ namespace {
 
 constexpr int firstPropertyColumn = 4;
 
-std::string_view asText(std::span<const std::byte> bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
 } // namespace
 
 RowReader::RowReader(Table& table, ShapeCatalog& shapes, PropertyId sortProperty, std::span<const PropertyId> only)
@@ -82,7 +78,7 @@ RowReader::Result RowReader::decode(const Statement& row, PropertyBuffer& out, s
         ((*plan)[i].id.type() == ValueType::text ? units : bytes) += fetched_[i].bytes.size();
     out.reset(units, bytes);
     for (std::size_t i = 0; i < plan->size(); ++i)
-        addTo(out, (*plan)[i].id, fetched_[i]);
+        addTo(out, fetched_[i]);
     return result;
 }
 
@@ -90,9 +86,10 @@ RowReader::Result RowReader::decode(const Statement& row, PropertyBuffer& out, s
 void RowReader::fetch(const Statement& row, const Plan& plan) {
     if (fetched_.size() < plan.size())
         fetched_.resize(plan.size());
+    fetchedCount_ = plan.size();
     for (std::size_t i = 0; i < plan.size(); ++i) {
-        Fetched& value = fetched_[i];
-        value = {};
+        StoredValue& value = fetched_[i];
+        value = {.id = plan[i].id};
         switch (plan[i].id.type()) {
         case ValueType::text: value.bytes = std::as_bytes(std::span(row.text(plan[i].column))); break;
         case ValueType::blob: value.bytes = row.blob(plan[i].column); break;
@@ -101,31 +98,34 @@ void RowReader::fetch(const Statement& row, const Plan& plan) {
     }
 }
 
-RowReader::Result RowReader::verify(const Statement& row) {
+RowReader::Result RowReader::fetch(const Statement& row) {
     Result result = Result::ok;
     const Plan* const plan = planFor(row.integer(shapeColumn), result);
-    if (plan == nullptr)
+    if (plan != nullptr)
+        fetch(row, *plan);
+    return result;
+}
+
+RowReader::Result RowReader::verify(const Statement& row) {
+    const Result result = fetch(row);
+    if (result != Result::ok)
         return result;
-    fetch(row, *plan);
     RecordChecksum checksum;
     checksum.add(static_cast<std::uint64_t>(row.integer(idColumn)));
-    for (std::size_t i = 0; i < plan->size(); ++i) {
-        const Fetched& value = fetched_[i];
-        addToChecksum(checksum, {.id = (*plan)[i].id, .number = value.number, .blob = value.bytes},
-                      asText(value.bytes));
-    }
+    for (const StoredValue& value : stored())
+        addToChecksum(checksum, value);
     // A value outside the shape, or one of it that is gone, is damage even if the checksum fits.
     const auto present = std::ranges::count_if(
         selected_, [&, column = firstPropertyColumn](PropertyId) mutable { return !row.isNull(column++); });
     const bool matches = row.integer(checksumColumn) == std::int64_t{checksum.value()};
-    return matches && static_cast<std::size_t>(present) == plan->size() ? Result::ok : Result::damaged;
+    return matches && static_cast<std::size_t>(present) == fetchedCount_ ? Result::ok : Result::damaged;
 }
 
-void RowReader::addTo(PropertyBuffer& out, PropertyId id, const Fetched& value) {
-    switch (id.type()) {
-    case ValueType::text: out.addText(id, asText(value.bytes)); break;
-    case ValueType::blob: out.addBlob(id, value.bytes); break;
-    default: out.addNumber(id, value.number); break;
+void RowReader::addTo(PropertyBuffer& out, const StoredValue& value) {
+    switch (value.id.type()) {
+    case ValueType::text: out.addText(value.id, asText(value.bytes)); break;
+    case ValueType::blob: out.addBlob(value.id, value.bytes); break;
+    default: out.addNumber(value.id, value.number); break;
     }
 }
 

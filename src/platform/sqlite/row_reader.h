@@ -3,6 +3,7 @@
 #include "platform/property.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/shape_catalog.h"
+#include "platform/sqlite/stored_value.h"
 #include "platform/sqlite/table.h"
 
 #include <cstdint>
@@ -45,21 +46,24 @@ public:
     /// outside the record's shape is present.
     [[nodiscard]] Result verify(const Statement& row);
 
+    /// Takes the current row's values in stored order, for `stored`. Needs a reader of all columns.
+    [[nodiscard]] Result fetch(const Statement& row);
+    /// The values that `verify` or `fetch` took, valid until the row is left; and the head of their row.
+    [[nodiscard]] std::span<const StoredValue> stored() const { return {fetched_.data(), fetchedCount_}; }
+    [[nodiscard]] static RowHead head(const Statement& row) {
+        return {.shape = row.integer(shapeColumn), .checksum = static_cast<std::uint32_t>(row.integer(checksumColumn))};
+    }
+
 private:
     struct PlanStep {
         PropertyId id;
         int column = 0;
     };
     using Plan = std::vector<PlanStep>;
-    /// A value as it stands in the row, valid until the row is left: a number, or the bytes of a text or blob.
-    struct Fetched {
-        std::uint64_t number = 0;
-        std::span<const std::byte> bytes;
-    };
 
     [[nodiscard]] const Plan* planFor(std::int64_t shape, Result& result);
     void fetch(const Statement& row, const Plan& plan);
-    static void addTo(PropertyBuffer& out, PropertyId id, const Fetched& value);
+    static void addTo(PropertyBuffer& out, const StoredValue& value);
 
     Table& table_;
     ShapeCatalog& shapes_;
@@ -70,7 +74,8 @@ private:
     std::string selectList_;
     std::vector<std::optional<Plan>> plans_; // by shape number
     Plan reordered_;
-    std::vector<Fetched> fetched_; // by place in the plan in use
+    std::vector<StoredValue> fetched_; // by place in the plan in use
+    std::size_t fetchedCount_ = 0;
 };
 
 } // namespace hourwright::platform::sqlite

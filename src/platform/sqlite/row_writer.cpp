@@ -1,7 +1,6 @@
 #include "platform/sqlite/row_writer.h"
 
 #include "platform/sqlite/record_checksum.h"
-#include "platform/utf.h"
 
 #include <algorithm>
 
@@ -9,64 +8,61 @@ namespace hourwright::platform::sqlite {
 
 namespace {
 
-// Parameters of the statements: id, shape, checksum, then one for each property column.
-constexpr int idParameter = 1;
-constexpr int shapeParameter = 2;
-constexpr int checksumParameter = 3;
-constexpr int firstPropertyParameter = 4;
+// Parameters: the record, the heads of its row before and after, then the values of the columns.
+constexpr int recordParameter = 1;
+constexpr int beforeParameter = 2;
+constexpr int afterParameter = 4;
+constexpr int firstColumnParameter = 6;
+constexpr std::string_view whereUnchanged = " WHERE id = ?1 AND shape = ?2 AND checksum = ?3";
 
-std::string parameter(std::size_t number) {
-    return '?' + std::to_string(number);
-}
-
-std::string insertSql(Table& table) {
+std::string insertSql(const std::string& table, const RecordChange& change) {
     std::string names = "id, shape, checksum";
-    std::string values = "?1, ?2, ?3";
-    std::size_t next = firstPropertyParameter;
-    for (const Column& column : table.columns()) {
-        names += ", " + column.name;
-        values += ", " + parameter(next++);
+    std::string values = "?1, ?4, ?5";
+    int next = firstColumnParameter;
+    for (const ColumnChange& column : change.columns) {
+        names += ", " + columnName(column.id);
+        values += ", ?" + std::to_string(next++);
     }
-    return "INSERT INTO " + table.name() + '(' + names + ") VALUES (" + values + ')';
+    return "INSERT OR IGNORE INTO " + table + '(' + names + ") VALUES (" + values + ')';
 }
 
-std::string updateSql(Table& table, bool withSortColumn) {
-    std::string sql = "UPDATE " + table.name() + " SET shape = ?2, checksum = ?3";
-    std::size_t next = firstPropertyParameter;
-    for (const Column& column : table.columns()) {
-        if (withSortColumn || column.id != table.info().sortProperty)
-            sql += ", " + column.name + " = " + parameter(next);
-        ++next;
-    }
-    return sql + " WHERE id = ?1";
+std::string updateSql(const std::string& table, const RecordChange& change) {
+    std::string sql = "UPDATE " + table + " SET shape = ?4, checksum = ?5";
+    int next = firstColumnParameter;
+    for (const ColumnChange& column : change.columns)
+        sql += ", " + columnName(column.id) + " = ?" + std::to_string(next++);
+    return sql.append(whereUnchanged);
+}
+
+void bindHead(Statement& statement, int parameter, const RowHead& head) {
+    statement.bind(parameter, head.shape);
+    statement.bind(parameter + 1, std::int64_t{head.checksum});
+}
+
+void bindValue(Statement& statement, int parameter, const ColumnChange& column) {
+    if (!column.hasValue)
+        statement.bindNull(parameter);
+    else if (column.id.type() == ValueType::text)
+        statement.bind(parameter, asText(column.after.bytes));
+    else if (column.id.type() == ValueType::blob)
+        statement.bind(parameter, column.after.bytes);
+    else
+        statement.bind(parameter, static_cast<std::int64_t>(column.after.number));
+}
+
+void bindChange(Statement& statement, const RecordChange& change) {
+    statement.bind(recordParameter, static_cast<std::int64_t>(change.record));
+    if (change.kind != ChangeKind::insert)
+        bindHead(statement, beforeParameter, change.before);
+    if (change.kind == ChangeKind::remove)
+        return;
+    bindHead(statement, afterParameter, change.after);
+    int next = firstColumnParameter;
+    for (const ColumnChange& column : change.columns)
+        bindValue(statement, next++, column);
 }
 
 } // namespace
-
-bool RowWriter::insert(ObjectId id, std::span<const PropertyValue> properties) {
-    if (!takeShape(properties))
-        return false;
-    if (!insert_)
-        insert_ = Statement(connection_, insertSql(table_));
-    return write(insert_, id, properties);
-}
-
-bool RowWriter::update(ObjectId id, std::span<const PropertyValue> properties, bool sortChanged) {
-    if (!takeShape(properties))
-        return false;
-    Statement& statement = sortChanged ? updateAndMove_ : update_;
-    if (!statement)
-        statement = Statement(connection_, updateSql(table_, sortChanged));
-    return write(statement, id, properties);
-}
-
-bool RowWriter::remove(ObjectId id) {
-    if (!delete_)
-        delete_ = Statement(connection_, "DELETE FROM " + table_.name() + " WHERE id = ?1");
-    if (delete_)
-        delete_.bind(idParameter, static_cast<std::int64_t>(id));
-    return delete_.run();
-}
 
 std::size_t RowWriter::ShapeHash::operator()(const Shape& shape) const {
     std::size_t hash = shape.size();
@@ -75,81 +71,80 @@ std::size_t RowWriter::ShapeHash::operator()(const Shape& shape) const {
     return hash;
 }
 
-// Finds the plan for the properties' shape; making one adds columns and the shape where they are missing.
-bool RowWriter::takeShape(std::span<const PropertyValue> properties) {
-    shape_.clear();
-    for (const PropertyValue& value : properties)
-        shape_.push_back(value.id);
-    if (preparedFor_ == table_.columnsVersion()) {
-        const auto known = plans_.find(shape_);
-        if (known != plans_.end()) {
-            plan_ = &known->second;
-            return true;
-        }
-    }
-    const auto number = makeColumns() ? shapes_.numberOf(shape_) : std::nullopt;
-    if (!number)
-        return false;
-    ShapePlan plan{.number = *number};
-    for (const Column& column : table_.columns())
-        plan.placeOfColumn.push_back(static_cast<std::size_t>(std::ranges::find(shape_, column.id) - shape_.begin()));
-    plan_ = &plans_.insert_or_assign(shape_, std::move(plan)).first->second;
-    return true;
-}
-
-// Statements and plans are those of the columns; a rollback, which may take numbers of shapes back, renews them too.
-bool RowWriter::makeColumns() {
-    for (const PropertyId id : shape_)
-        if (!table_.ensureColumn(id))
-            return false;
+// What is remembered is that of the columns; a rollback, which may take columns and shapes back, renews it too.
+void RowWriter::renew() {
     if (preparedFor_ == table_.columnsVersion())
-        return true;
-    insert_ = {};
-    update_ = {};
-    updateAndMove_ = {};
-    plans_.clear();
+        return;
+    prepared_.clear();
+    last_ = nullptr;
+    numbers_.clear();
     preparedFor_ = table_.columnsVersion();
-    return true;
 }
 
-bool RowWriter::write(Statement& statement, ObjectId id, std::span<const PropertyValue> properties) {
-    if (!statement)
-        return false;
-    encodeTexts(properties);
-    bindColumns(statement, properties);
+bool RowWriter::findHead(ObjectId id, std::span<const StoredValue> values, RowHead& head) {
+    renew();
+    shape_.clear();
     RecordChecksum checksum;
     checksum.add(static_cast<std::uint64_t>(id));
-    for (std::size_t i = 0; i < properties.size(); ++i)
-        addToChecksum(checksum, properties[i], texts_[i]);
-    statement.bind(idParameter, static_cast<std::int64_t>(id));
-    statement.bind(shapeParameter, plan_->number);
-    statement.bind(checksumParameter, std::int64_t{checksum.value()});
-    return statement.run();
+    for (const StoredValue& value : values) {
+        shape_.push_back(value.id);
+        addToChecksum(checksum, value);
+    }
+    head.checksum = checksum.value();
+    const auto known = numbers_.find(shape_);
+    if (known != numbers_.end()) {
+        head.shape = known->second;
+        return true;
+    }
+    if (!std::ranges::all_of(shape_, [this](PropertyId property) { return table_.ensureColumn(property); }))
+        return false;
+    const auto number = shapes_.numberOf(shape_);
+    if (!number)
+        return false;
+    renew();
+    head.shape = numbers_.insert_or_assign(shape_, *number).first->second;
+    return true;
 }
 
-void RowWriter::bindColumns(Statement& statement, std::span<const PropertyValue> properties) {
-    int next = firstPropertyParameter;
-    for (const std::size_t place : plan_->placeOfColumn) {
-        if (place == properties.size())
-            statement.bindNull(next);
-        else if (properties[place].id.type() == ValueType::text)
-            statement.bind(next, std::string_view(texts_[place]));
-        else if (properties[place].id.type() == ValueType::blob)
-            statement.bind(next, properties[place].blob);
-        else
-            statement.bind(next, static_cast<std::int64_t>(properties[place].number));
-        ++next;
-    }
+RowWriter::Outcome RowWriter::apply(const RecordChange& change) {
+    renew();
+    Statement& statement = statementFor(change);
+    if (!statement)
+        return Outcome::failed;
+    bindChange(statement, change);
+    if (!statement.run())
+        return Outcome::failed;
+    return connection_.changedRows() == 1 ? Outcome::written : Outcome::otherRow;
 }
 
-void RowWriter::encodeTexts(std::span<const PropertyValue> properties) {
-    if (texts_.size() < properties.size())
-        texts_.resize(properties.size());
-    for (std::size_t i = 0; i < properties.size(); ++i) {
-        texts_[i].clear();
-        if (properties[i].id.type() == ValueType::text)
-            appendUtf8(texts_[i], properties[i].text);
+Statement& RowWriter::statementFor(const RecordChange& change) {
+    const auto fits = [&change](const Prepared& prepared) {
+        return prepared.kind == change.kind &&
+               (change.kind == ChangeKind::remove ||
+                std::ranges::equal(prepared.columns, change.columns, {}, {}, &ColumnChange::id));
+    };
+    if (last_ != nullptr && fits(*last_))
+        return last_->statement;
+    const auto known = std::ranges::find_if(prepared_, [&](const auto& prepared) { return fits(*prepared); });
+    if (known != prepared_.end()) {
+        last_ = known->get();
+        return last_->statement;
     }
+    last_ = prepared_.emplace_back(std::make_unique<Prepared>()).get();
+    last_->kind = change.kind;
+    for (const ColumnChange& column : change.columns)
+        last_->columns.push_back(column.id);
+    last_->statement = Statement(connection_, sqlFor(change));
+    return last_->statement;
+}
+
+std::string RowWriter::sqlFor(const RecordChange& change) const {
+    switch (change.kind) {
+    case ChangeKind::insert: return insertSql(table_.name(), change);
+    case ChangeKind::update: return updateSql(table_.name(), change);
+    case ChangeKind::remove: break;
+    }
+    return "DELETE FROM " + table_.name() + std::string(whereUnchanged);
 }
 
 } // namespace hourwright::platform::sqlite

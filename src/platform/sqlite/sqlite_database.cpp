@@ -3,33 +3,17 @@
 #include "platform/utf.h"
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace hourwright::platform::sqlite {
 
 namespace {
 
-// The largest number that a property of a type may hold; FILETIMEs are kept as signed 64-bit integers.
-std::uint64_t largestNumber(ValueType type) {
-    switch (type) {
-    case ValueType::boolean: return 1;
-    case ValueType::ui2: return std::numeric_limits<std::uint16_t>::max();
-    case ValueType::ui4: return std::numeric_limits<std::uint32_t>::max();
-    default: return static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
-    }
-}
-
 std::vector<TextTest> testsOf(std::span<const PropertyValue> texts) {
     std::vector<TextTest> tests;
     for (const PropertyValue& value : texts)
         tests.push_back({value.id, toUtf8(value.text)});
     return tests;
-}
-
-const PropertyValue* findIn(std::span<const PropertyValue> values, PropertyId id) {
-    const auto found = std::ranges::find(values, id, &PropertyValue::id);
-    return found != values.end() ? &*found : nullptr;
 }
 
 } // namespace
@@ -226,65 +210,93 @@ std::uint64_t SqliteDatabase::recordCount() {
 }
 
 ObjectId SqliteDatabase::write(Transaction&, ObjectId id, std::span<const PropertyValue> properties) {
-    if (!volume_.writing())
+    if (!volume_.writing() || !merge_.take(properties))
         return failedWrite(PlatformError::invalidParameter);
-    const PlatformError error = normalise(properties);
+    RecordChange& change = merge_.change();
+    change.database = table_->info().id;
+    change.record = id;
+    const PlatformError error = id == ObjectId::none ? mergeNew(change) : mergeStored(change);
     if (error != PlatformError::none)
         return failedWrite(error);
-    return id == ObjectId::none ? insert() : update(id);
+    if (change.columns.empty() && change.before == change.after)
+        return written(change.record); // nothing of it is new
+    const PlatformError result = carryOut(change);
+    return result == PlatformError::none ? written(change.record) : failedWrite(result);
 }
 
-// Checks the list and brings it into its stored form: texts end at a NUL, the last of several values for a property
-// counts.
-PlatformError SqliteDatabase::normalise(std::span<const PropertyValue> properties) {
-    given_.clear();
-    std::uint64_t seen = 0; // a bit for some properties each: most lists need no look for doubles
-    for (PropertyValue value : properties) {
-        if (!isKnownType(value.id.type()) || value.number > largestNumber(value.id.type()))
+PlatformError SqliteDatabase::mergeNew(RecordChange& change) {
+    change.record = volume_.allocateId();
+    if (change.record == ObjectId::none)
+        return PlatformError::diskFull;
+    merge_.makeNew();
+    change.before = {};
+    reordered_ = true;
+    writtenPlace_ = placeOf(change.record, merge_.values());
+    const bool ready =
+        writer_.findHead(change.record, merge_.values(), change.after) && volume_.journal().record(change);
+    return ready ? PlatformError::none : volume_.connection().lastError();
+}
+
+// The record as it will be. One whose checksum does not fit is not touched, or its damage could not be found any more.
+PlatformError SqliteDatabase::mergeStored(RecordChange& change) {
+    return withStored(change.record, [&](RecordScan& scan, const Statement& row) -> std::optional<PlatformError> {
+        const RowReader::Result result = scan.reader().verify(row);
+        if (result != RowReader::Result::ok)
+            return result == RowReader::Result::stale ? std::nullopt : std::optional(PlatformError::fileCorrupt);
+        merge_.layOver(scan.reader().stored());
+        change.before = change.after = RowReader::head(row);
+        scan.takePlace(row, writtenPlace_);
+        reordered_ = false;
+        if (change.columns.empty())
+            return PlatformError::none;
+        reordered_ = sortProperty_ != table_->info().sortProperty || merge_.changes(sortProperty_);
+        if (reordered_)
+            writtenPlace_ = placeOf(change.record, merge_.values());
+        const bool ready =
+            writer_.findHead(change.record, merge_.values(), change.after) && volume_.journal().record(change);
+        return ready ? PlatformError::none : volume_.connection().lastError();
+    });
+}
+
+// Calls `use` while a statement stands on a record's row; a scan that stands on it has it at hand. Nothing returned
+// means that the row has a column which the statement does not know.
+template<typename Use>
+PlatformError SqliteDatabase::withStored(ObjectId id, Use use) {
+    if (standsOnFreshRow() && place_.id == id && scan_ == full_.get())
+        if (const auto done = use(*scan_, scan_->row()))
+            return *done;
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        RecordScan& full = fullScan();
+        const Step step = full.find(id);
+        const ResetGuard guard(full.found());
+        if (step == Step::failed)
+            return volume_.connection().lastError();
+        if (step == Step::done)
             return PlatformError::invalidParameter;
-        value.text = value.text.substr(0, value.text.find(u'\0'));
-        const std::uint64_t bit = std::uint64_t{1} << (value.id.number() % 64);
-        const auto same = (seen & bit) == 0 ? given_.end() : std::ranges::find(given_, value.id, &PropertyValue::id);
-        seen |= bit;
-        if (same != given_.end())
-            *same = value;
-        else
-            given_.push_back(value);
+        if (const auto done = use(full, full.found()))
+            return *done;
+        table_->reloadColumns(); // another process gave the table a column
     }
+    return PlatformError::fileCorrupt;
+}
+
+PlatformError SqliteDatabase::carryOut(const RecordChange& change) {
+    switch (writer_.apply(change)) {
+    case RowWriter::Outcome::written: break;
+    case RowWriter::Outcome::otherRow: return PlatformError::fileCorrupt;
+    case RowWriter::Outcome::failed: return volume_.connection().lastError();
+    }
+    table_->contentChanged();
+    if (reordered_)
+        table_->orderChanged();
     return PlatformError::none;
 }
 
-ObjectId SqliteDatabase::insert() {
-    std::erase_if(given_, [](const PropertyValue& value) { return value.deletion; });
-    const ObjectId id = volume_.allocateId();
-    if (id == ObjectId::none)
-        return failedWrite(PlatformError::diskFull);
-    if (!writer_.insert(id, given_))
-        return failedWrite(volume_.connection().lastError());
-    merged_ = given_;
-    return written(id, true);
-}
-
-ObjectId SqliteDatabase::update(ObjectId id) {
-    bool sortChanged = false;
-    const PlatformError error = mergeInto(id, sortChanged);
-    if (error != PlatformError::none)
-        return failedWrite(error);
-    if (!writer_.update(id, merged_, sortChanged))
-        return failedWrite(volume_.connection().lastError());
-    return written(id, sortChanged);
-}
-
 // The written record becomes the current one; a scan that stands on it goes on unless the order changed.
-ObjectId SqliteDatabase::written(ObjectId id, bool orderChanged) {
-    table_->contentChanged();
-    if (orderChanged)
-        table_->orderChanged();
-    if (!hasPlace_ || place_.id != id || orderChanged) {
+ObjectId SqliteDatabase::written(ObjectId id) {
+    if (!hasPlace_ || place_.id != id || reordered_) {
         releaseScan();
-        const PropertyValue* const key = findIn(merged_, sortProperty_);
-        place_ = key != nullptr ? placeOf(*key) : RecordPlace{};
-        place_.id = id;
+        place_ = writtenPlace_;
     }
     hasPlace_ = true;
     hasRecord_ = true;
@@ -302,85 +314,54 @@ ObjectId SqliteDatabase::failedWrite(PlatformError error) {
     return ObjectId::none;
 }
 
-// The record as it will be: its properties in their places with the given values, without the deleted ones, and the
-// new ones behind. A record whose checksum does not fit is not touched, or its damage could not be found any more.
-PlatformError SqliteDatabase::mergeInto(ObjectId id, bool& sortChanged) {
-    const PlatformError error = readStored(id);
-    if (error != PlatformError::none)
-        return error;
-    merged_.clear();
-    for (const PropertyId property : storedShape_) {
-        const PropertyValue* const change = findIn(given_, property);
-        if (change == nullptr)
-            merged_.push_back(*stored_.find(property));
-        else if (!change->deletion)
-            merged_.push_back(*change);
-    }
-    for (const PropertyValue& value : given_)
-        if (!value.deletion && std::ranges::find(storedShape_, value.id) == storedShape_.end())
-            merged_.push_back(value);
-    sortChanged = sortProperty_ != table_->info().sortProperty || !hasSortValue(storedPlace_, merged_);
-    return PlatformError::none;
-}
-
-// True when the properties give a record the sort value of a place.
-bool SqliteDatabase::hasSortValue(const RecordPlace& place, std::span<const PropertyValue> properties) const {
-    const PropertyValue* const key = findIn(properties, sortProperty_);
-    if (key == nullptr || !place.hasKey)
-        return (key == nullptr) == !place.hasKey;
-    const RecordPlace other = placeOf(*key);
-    return other.number == place.number && other.text == place.text;
-}
-
-// Reads the record as it is stored, as far as it is not written over; a scan that stands on it has it at hand.
-PlatformError SqliteDatabase::readStored(ObjectId id) {
-    if (standsOnFreshRow() && place_.id == id && scan_ == full_.get() &&
-        decodeStored(*scan_, scan_->row()) == RowReader::Result::ok)
-        return PlatformError::none;
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        RecordScan& full = fullScan();
-        const Step step = full.find(id);
-        const ResetGuard guard(full.found());
-        if (step == Step::failed)
-            return volume_.connection().lastError();
-        if (step == Step::done)
-            return PlatformError::invalidParameter;
-        const RowReader::Result result = decodeStored(full, full.found());
-        if (result == RowReader::Result::ok)
-            return PlatformError::none;
-        if (result == RowReader::Result::damaged)
-            return PlatformError::fileCorrupt;
-        table_->reloadColumns();
-    }
-    return PlatformError::fileCorrupt;
-}
-
-RowReader::Result SqliteDatabase::decodeStored(RecordScan& scan, const Statement& row) {
-    const RowReader::Result result = scan.reader().verify(row);
-    if (result != RowReader::Result::ok)
-        return result;
-    scan.takePlace(row, storedPlace_);
-    storedShape_ = *volume_.shapes().find(row.integer(RowReader::shapeColumn));
-    kept_.clear();
-    for (const PropertyId property : storedShape_)
-        if (findIn(given_, property) == nullptr)
-            kept_.push_back(property);
-    return kept_.empty() ? RowReader::Result::ok : scan.reader().decode(row, stored_, kept_);
-}
-
 bool SqliteDatabase::deleteCurrent(Transaction&) {
     if (!volume_.writing())
         return volume_.finish(PlatformError::invalidParameter);
     if (!hasPlace_ || !hasRecord_)
         return volume_.finish(PlatformError::noMoreItems);
-    if (!writer_.remove(place_.id)) {
+    RecordChange& removal = merge_.change();
+    removal.kind = ChangeKind::remove;
+    removal.database = table_->info().id;
+    removal.record = place_.id;
+    PlatformError error = describeRemoval(removal);
+    reordered_ = true;
+    if (error == PlatformError::none)
+        error = carryOut(removal);
+    if (error != PlatformError::none) {
         volume_.spoil();
-        return volume_.fail();
+        return volume_.finish(error);
     }
-    table_->contentChanged();
-    table_->orderChanged();
     hasRecord_ = false;
-    return volume_.finish(PlatformError::none);
+    return true;
+}
+
+// A damaged record may be deleted. One whose shape is unknown cannot be described, so that its step cannot be undone.
+PlatformError SqliteDatabase::describeRemoval(RecordChange& removal) {
+    return withStored(removal.record, [&](RecordScan& scan, const Statement& row) -> std::optional<PlatformError> {
+        const RowReader::Result result = scan.reader().fetch(row);
+        if (result == RowReader::Result::stale)
+            return std::nullopt;
+        removal.before = RowReader::head(row);
+        removal.after = {};
+        removal.columns.clear();
+        if (result == RowReader::Result::damaged) {
+            volume_.journal().giveUp();
+            return PlatformError::none;
+        }
+        for (const StoredValue& value : scan.reader().stored())
+            removal.columns.push_back({.id = value.id, .hadValue = true, .before = value});
+        return volume_.journal().record(removal) ? PlatformError::none : volume_.connection().lastError();
+    });
+}
+
+RecordPlace SqliteDatabase::placeOf(ObjectId id, std::span<const StoredValue> values) const {
+    const auto key = std::ranges::find(values, sortProperty_, &StoredValue::id);
+    if (key == values.end())
+        return {.id = id};
+    RecordPlace place{.id = id, .hasKey = true, .number = static_cast<std::int64_t>(key->number)};
+    if (sortProperty_.type() == ValueType::text)
+        place.text = asText(key->bytes);
+    return place;
 }
 
 } // namespace hourwright::platform::sqlite

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/object_store.h"
+#include "platform/sqlite/record_merge.h"
 #include "platform/sqlite/record_scan.h"
 #include "platform/sqlite/row_writer.h"
 #include "platform/sqlite/volume.h"
@@ -41,15 +42,15 @@ private:
     [[nodiscard]] bool readById(PropertyBuffer& out, std::span<const PropertyId> wanted);
     [[nodiscard]] PlatformError decodeError(RowReader::Result result) const;
 
-    [[nodiscard]] PlatformError normalise(std::span<const PropertyValue> properties);
-    [[nodiscard]] PlatformError mergeInto(ObjectId id, bool& sortChanged);
-    [[nodiscard]] ObjectId insert();
-    [[nodiscard]] ObjectId update(ObjectId id);
-    [[nodiscard]] PlatformError readStored(ObjectId id);
-    [[nodiscard]] RowReader::Result decodeStored(RecordScan& scan, const Statement& row);
-    [[nodiscard]] bool hasSortValue(const RecordPlace& place, std::span<const PropertyValue> properties) const;
+    [[nodiscard]] PlatformError mergeNew(RecordChange& change);
+    [[nodiscard]] PlatformError mergeStored(RecordChange& change);
+    [[nodiscard]] PlatformError carryOut(const RecordChange& change);
+    [[nodiscard]] PlatformError describeRemoval(RecordChange& removal);
+    template<typename Use>
+    [[nodiscard]] PlatformError withStored(ObjectId id, Use use);
+    [[nodiscard]] RecordPlace placeOf(ObjectId id, std::span<const StoredValue> values) const;
     [[nodiscard]] bool standsOnFreshRow() const;
-    ObjectId written(ObjectId id, bool orderChanged);
+    ObjectId written(ObjectId id);
     ObjectId failedWrite(PlatformError error);
 
     Volume& volume_;
@@ -66,13 +67,9 @@ private:
     bool hasPlace_ = false;
     std::uint64_t rowContentVersion_ = 0;
     bool hasRecord_ = false; // false after the record at the place was deleted
-    std::vector<PropertyValue> given_;
-    std::vector<PropertyValue> merged_;
-    // The stored record that an update changes: its shape and place, and the values that stay.
-    Shape storedShape_;
-    RecordPlace storedPlace_;
-    std::vector<PropertyId> kept_;
-    PropertyBuffer stored_;
+    RecordMerge merge_;
+    RecordPlace writtenPlace_;
+    bool reordered_ = false; // by the change being written
 };
 
 } // namespace hourwright::platform::sqlite

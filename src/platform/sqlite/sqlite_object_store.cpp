@@ -2,6 +2,7 @@
 
 #include "platform/posix/private_file.h"
 #include "platform/sqlite/sqlite_database.h"
+#include "platform/sqlite/sqlite_history.h"
 #include "platform/sqlite/store_check.h"
 #include "platform/sqlite/store_file.h"
 #include "platform/sqlite/volume.h"
@@ -48,8 +49,8 @@ private:
 
 class SqliteObjectStore final : public ObjectStore {
 public:
-    SqliteObjectStore(Connection connection, std::function<void()> onCommitted)
-        : volume_(std::move(connection), std::move(onCommitted)) {}
+    SqliteObjectStore(Connection connection, JournalBounds bounds, std::function<void()> onCommitted)
+        : volume_(std::move(connection), bounds, std::move(onCommitted)), history_(volume_) {}
 
     [[nodiscard]] std::vector<DatabaseInfo> databases(std::optional<std::uint32_t> type) override {
         std::vector<DatabaseInfo> found;
@@ -94,7 +95,7 @@ public:
         Statement row(volume_.connection(), "DELETE FROM databases WHERE id = ?1");
         if (row)
             row.bind(1, static_cast<std::int64_t>(id));
-        if (!row.run() || !dropTable(volume_.connection(), id)) {
+        if (!row.run() || !dropTable(volume_.connection(), id) || !volume_.journal().clear()) {
             volume_.spoil();
             return volume_.fail();
         }
@@ -110,9 +111,12 @@ public:
         return std::make_unique<SqliteDatabase>(volume_, std::move(table), sortProperty);
     }
 
-    [[nodiscard]] std::unique_ptr<Transaction> begin() override {
-        return volume_.begin() ? std::make_unique<SqliteTransaction>(volume_) : nullptr;
+    using ObjectStore::begin;
+    [[nodiscard]] std::unique_ptr<Transaction> begin(const ChangeLabel& label) override {
+        return volume_.begin(label) ? std::make_unique<SqliteTransaction>(volume_) : nullptr;
     }
+
+    [[nodiscard]] History& history() override { return history_; }
 
     [[nodiscard]] std::unique_ptr<Snapshot> snapshot() override { return std::make_unique<SqliteSnapshot>(volume_); }
 
@@ -147,6 +151,7 @@ private:
     }
 
     Volume volume_;
+    SqliteHistory history_;
 };
 
 OpenedStore refused(const StoreProblem& problem) {
@@ -166,7 +171,9 @@ OpenedStore openSqliteObjectStore(const std::filesystem::path& file, StoreFileOp
     Connection connection(file, options.busyTimeout);
     if (const auto problem = prepareStoreFile(connection))
         return refused(*problem);
-    return {.store = std::make_unique<SqliteObjectStore>(std::move(connection), std::move(options.onCommitted)),
+    return {.store = std::make_unique<SqliteObjectStore>(
+                std::move(connection), JournalBounds{.steps = options.historySteps, .bytes = options.historyBytes},
+                std::move(options.onCommitted)),
             .error = PlatformError::none,
             .reason = {}};
 }

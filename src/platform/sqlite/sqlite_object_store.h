@@ -3,6 +3,8 @@
 #include "platform/object_store.h"
 
 #include <chrono>
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -15,6 +17,9 @@ struct StoreFileOptions {
     std::chrono::milliseconds busyTimeout{5000};
     /// Called after every committed transaction of this object store, whoever made it. It must not use the store.
     std::function<void()> onCommitted;
+    /// How much history is kept: the oldest steps go first, the newest one stays whatever its size.
+    std::size_t historySteps = 100;
+    std::uint64_t historyBytes = std::uint64_t{64} << 20;
 };
 
 /// An opened store, or null with the platform's error number and a sentence for people.

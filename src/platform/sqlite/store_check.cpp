@@ -58,6 +58,30 @@ bool checkRecords(Volume& volume, const DatabaseInfo& database, const Report& re
     return sound;
 }
 
+// The steps of the history, and that each has its parts and nothing else is there.
+bool checkHistory(Volume& volume, const Report& report) {
+    const auto steps = volume.journal().steps();
+    if (!steps) {
+        report("history: " + volume.connection().message());
+        return false;
+    }
+    bool sound = true;
+    std::int64_t parts = 0;
+    for (const JournalStep& row : *steps) {
+        bool whole = row.checksum == checksumOf(row);
+        for (std::int64_t i = 0; whole && i < row.parts; ++i)
+            whole = volume.journal().part(row.firstPart + i).has_value();
+        parts += row.parts;
+        if (!whole)
+            report("history: step " + std::to_string(row.step.id) + " does not match its checksum");
+        sound = sound && whole;
+    }
+    if (!sound || volume.journal().partCount() == parts)
+        return sound;
+    report("history: a part belongs to no step");
+    return false;
+}
+
 } // namespace
 
 bool checkStore(Volume& volume, std::span<const DatabaseInfo> databases, const Report& report) {
@@ -68,6 +92,8 @@ bool checkStore(Volume& volume, std::span<const DatabaseInfo> databases, const R
         if (!checkRecords(volume, database, report))
             sound = false;
     }
+    if (!checkHistory(volume, report))
+        sound = false;
     return sound;
 }
 

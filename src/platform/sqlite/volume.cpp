@@ -7,8 +7,9 @@
 
 namespace hourwright::platform::sqlite {
 
-Volume::Volume(Connection connection, std::function<void()> onCommitted)
-    : connection_(std::move(connection)), shapes_(connection_), onCommitted_(std::move(onCommitted)) {}
+Volume::Volume(Connection connection, JournalBounds bounds, std::function<void()> onCommitted)
+    : connection_(std::move(connection)), shapes_(connection_), journal_(connection_, bounds),
+      onCommitted_(std::move(onCommitted)) {}
 
 bool Volume::finish(PlatformError error) {
     error_ = error;
@@ -37,7 +38,7 @@ std::shared_ptr<Table> Volume::table(ObjectId database) {
     return tables_.emplace(database, std::make_shared<Table>(connection_, std::move(info))).first->second;
 }
 
-bool Volume::begin() {
+bool Volume::begin(const ChangeLabel& label) {
     if (writing_ || snapshots_ > 0)
         return finish(PlatformError::invalidParameter);
     releaseScans();
@@ -50,7 +51,12 @@ bool Volume::begin() {
     writing_ = true;
     spoiled_ = false;
     nextId_ = storedId_ = 0;
-    return finish(PlatformError::none);
+    if (journal_.begin(label))
+        return finish(PlatformError::none);
+    fail();
+    const PlatformError cause = error_;
+    rollback();
+    return finish(cause);
 }
 
 bool Volume::commit() {
@@ -64,7 +70,7 @@ bool Volume::commit() {
     }
     if (!commit_)
         commit_ = Statement(connection_, "COMMIT");
-    if (!storeNextId() || !commit_.run()) {
+    if (!journal_.end() || !storeNextId() || !commit_.run()) {
         const bool failed = fail();
         const PlatformError cause = error_;
         rollback();
@@ -88,6 +94,7 @@ void Volume::rollback() {
 }
 
 void Volume::forgetUncommitted() {
+    journal_.rolledBack();
     shapes_.forget();
     for (auto& [id, table] : tables_)
         table->reloadColumns();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/object_store.h"
+#include "platform/sqlite/change_journal.h"
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/shape_catalog.h"
 #include "platform/sqlite/table.h"
@@ -21,10 +22,11 @@ class SqliteDatabase;
 class Volume {
 public:
     /// `onCommitted` is called after every commit, if given.
-    explicit Volume(Connection connection, std::function<void()> onCommitted = {});
+    Volume(Connection connection, JournalBounds bounds, std::function<void()> onCommitted = {});
 
     [[nodiscard]] Connection& connection() { return connection_; }
     [[nodiscard]] ShapeCatalog& shapes() { return shapes_; }
+    [[nodiscard]] ChangeJournal& journal() { return journal_; }
 
     [[nodiscard]] PlatformError lastError() const { return error_; }
     /// Remembers the outcome of an operation and returns whether it succeeded.
@@ -36,7 +38,7 @@ public:
     [[nodiscard]] std::shared_ptr<Table> table(ObjectId database);
     void forgetTable(ObjectId database) { tables_.erase(database); }
 
-    [[nodiscard]] bool begin();
+    [[nodiscard]] bool begin(const ChangeLabel& label);
     [[nodiscard]] bool commit();
     void rollback();
     [[nodiscard]] bool writing() const { return writing_; }
@@ -64,6 +66,7 @@ private:
 
     Connection connection_;
     ShapeCatalog shapes_;
+    ChangeJournal journal_;
     std::map<ObjectId, std::shared_ptr<Table>> tables_;
     std::vector<SqliteDatabase*> handles_;
     PlatformError error_ = PlatformError::none;
