@@ -33,8 +33,11 @@ bool MainFrame::create(const Rectangle& rectangle) {
     return true;
 }
 
-// Records of earlier versions are understood as they are, so saying no costs nothing but time at every reading.
+// A version is missing also where only the command line has been used so far; its records need nothing. Records of
+// earlier versions are understood as they are, so saying no costs nothing but time at every reading.
 void MainFrame::upgrade(store::Stores& stores) {
+    if (!store::needsUpgrade(stores))
+        return;
     if (!messages_.ask(StringId::upgradeRecords, platform::Icon::question, platform::Answer::yes))
         return;
     const auto error = store::upgradeRecords(stores);

@@ -4,6 +4,7 @@
 #include "store/fields.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 #include <vector>
 
@@ -13,11 +14,12 @@ using platform::PlatformError;
 
 namespace {
 
+constexpr std::array<platform::PropertyId, 3> oldProperties = {{{field::oldBillable, platform::ValueType::boolean},
+                                                                {field::oldBilled, platform::ValueType::boolean},
+                                                                {field::oldStart, platform::ValueType::fileTime}}};
+
 bool isOfEarlierVersion(const platform::PropertyBuffer& properties) {
-    return std::ranges::any_of(properties.values(), [](const platform::PropertyValue& value) {
-        const auto number = value.id.number();
-        return number == field::oldBillable || number == field::oldBilled || number == field::oldStart;
-    });
+    return std::ranges::any_of(oldProperties, [&](platform::PropertyId id) { return properties.find(id) != nullptr; });
 }
 
 // The flags are those of the user's changes, and this is none.
@@ -32,6 +34,14 @@ PlatformError errorOf(Stores& stores) {
 }
 
 } // namespace
+
+bool needsUpgrade(Stores& stores) {
+    DateWalk walk(stores.entries(), {}, oldProperties);
+    while (walk.next() == ReadResult::ok)
+        if (isOfEarlierVersion(walk.properties()))
+            return true;
+    return false;
+}
 
 PlatformError upgradeRecords(Stores& stores) {
     const auto transaction = stores.objects().begin();

@@ -51,11 +51,12 @@ protected:
     }
 
     // An entry as an earlier version kept it.
-    store::RecordId addOldEntry() {
+    store::RecordId addOldEntry() { return addEntry({platform::PropertyValue::ofBoolean(1009, true)}); }
+
+    store::RecordId addEntry(std::vector<platform::PropertyValue> properties) {
         store::RecordId id = store::RecordId::none;
+        properties.insert(properties.begin(), platform::PropertyValue::ofFileTime(1001, platform::FileTime{1}));
         change([&](platform::Transaction& transaction) {
-            const std::array properties = {platform::PropertyValue::ofFileTime(1001, platform::FileTime{1}),
-                                           platform::PropertyValue::ofBoolean(1009, true)};
             id = stores().entries().write(transaction, store::RecordId::none, properties);
         });
         return id;
@@ -106,18 +107,19 @@ TEST_F(MainFrameTest, AsksToUpgradeOldRecordsOnly) {
     struct Case {
         const char* name;
         std::uint32_t version;
-        bool records;
+        enum : std::uint8_t { none, today, old } records;
         bool asked;
     };
     const Case cases[] = {
-        {"empty store", 260, false, false},
-        {"records", 260, true, true},
-        {"records of today", 261, true, false},
-        {"without a version", 0, true, true},
+        {"empty store", 260, Case::none, false},   {"records of today", 260, Case::today, false},
+        {"old records", 260, Case::old, true},     {"old records of a later version", 261, Case::old, false},
+        {"without a version", 0, Case::old, true},
     };
     for (const Case& c : cases) {
-        if (c.records)
+        if (c.records == Case::old)
             addOldEntry();
+        if (c.records == Case::today)
+            addEntry({});
         storeVersion(c.version);
         messages_.shown.clear();
         window_.log.clear();

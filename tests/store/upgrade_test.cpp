@@ -52,7 +52,9 @@ TEST_F(UpgradeTest, StoresOldEntriesInTodaysFormWithoutChangingThem) {
     const RecordId today = write({PropertyValue::ofFileTime(field::date, FileTime{150000 * day})});
     std::vector<TimeEntry> before;
     std::ranges::transform(old, std::back_inserter(before), [&](RecordId id) { return entry(id); });
+    EXPECT_TRUE(needsUpgrade(stores()));
     ASSERT_EQ(upgradeRecords(stores()), platform::PlatformError::none);
+    EXPECT_FALSE(needsUpgrade(stores()));
     for (std::size_t i = 0; i < old.size(); ++i) {
         EXPECT_EQ(entry(old[i]), before[i]) << i;
         for (const auto number : fields(old[i]))
