@@ -47,11 +47,12 @@ Deletion resultOf(bool deleted) {
 
 } // namespace
 
-Deletion deleteNode(Stores& stores, platform::MessageBox& messages, const StructureNode& node) {
+Deletion deleteNode(Stores& stores, platform::MessageBox& messages, const StructureNode& node,
+                    const platform::ChangeLabel& label) {
     const auto question = std::visit(Question{}, node);
     if (question && !messages.ask(*question))
         return Deletion::declined;
-    const auto transaction = stores.objects().begin();
+    const auto transaction = stores.objects().begin(label);
     return resultOf(transaction && std::visit(Deleter{*transaction, stores}, node) && transaction->commit());
 }
 

@@ -36,8 +36,10 @@ struct ContactNode {
 };
 using StructureNode = std::variant<ClientNode, ProjectNode, ProjectTaskNode, TaskNode, ContactNode>;
 
-/// Deletes a node with all below it. Clients and projects are asked for, the others not. Entries are preserved.
-[[nodiscard]] Deletion deleteNode(store::Stores& stores, platform::MessageBox& messages, const StructureNode& node);
+/// Deletes a node with all below it. Clients and projects are asked for, the others not. Entries are preserved. It can
+/// be undone when the label has a name.
+[[nodiscard]] Deletion deleteNode(store::Stores& stores, platform::MessageBox& messages, const StructureNode& node,
+                                  const platform::ChangeLabel& label = {});
 
 /// Asks, then wipes all data, or the client structure with or without the rates.
 [[nodiscard]] Deletion askAndWipeAll(store::Stores& stores, platform::MessageBox& messages,

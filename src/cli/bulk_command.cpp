@@ -6,6 +6,7 @@
 #include "cli/handlers.h"
 #include "cli/session.h"
 #include "platform/utf.h"
+#include "resources/texts/history.h"
 
 #include <functional>
 
@@ -38,12 +39,13 @@ EntrySelection selectionOf(Session& session, const app::EntryFilter& filter) {
 }
 
 // Changes the selected entries in one transaction and prints how many they are.
-ExitCode changeSelected(Session& session, const app::EntryFilter& filter, const Change& change) {
+ExitCode changeSelected(Session& session, const resources::Text& name, const app::EntryFilter& filter,
+                        const Change& change) {
     const EntrySelection selection = selectionOf(session, filter);
     store::Stores* const stores = session.stores();
     if (!stores)
         return ExitCode::refused;
-    const auto transaction = stores->objects().begin();
+    const auto transaction = session.begin(name);
     if (!transaction)
         return session.failWrite();
     const auto matches = change(*transaction, stores->entries(), selection);
@@ -71,7 +73,7 @@ bool confirmDeletion(Session& session) {
 }
 
 ExitCode replaceInStores(Session& session, store::Stores& stores, const billing::ReplaceRequest& request) {
-    const auto transaction = stores.objects().begin();
+    const auto transaction = session.begin(resources::history::replaceText);
     if (!transaction)
         return session.failWrite();
     const auto counts = billing::replaceText(*transaction, stores, request, session.clock().now());
@@ -94,9 +96,10 @@ ExitCode bulkMarkPaid(Session& session, const Arguments& arguments) {
     const auto paidDate = text.empty() ? std::optional(now) : paidDateOf(session, text);
     if (!paidDate)
         return ExitCode::refused;
-    return changeSelected(session, *filter, [&](auto& transaction, auto& entries, const auto& selection) {
-        return billing::markAllPaid(transaction, entries, selection, *paidDate, now);
-    });
+    return changeSelected(session, resources::history::markPaid, *filter,
+                          [&](auto& transaction, auto& entries, const auto& selection) {
+                              return billing::markAllPaid(transaction, entries, selection, *paidDate, now);
+                          });
 }
 
 ExitCode bulkMarkBilled(Session& session, const Arguments& arguments) {
@@ -105,9 +108,10 @@ ExitCode bulkMarkBilled(Session& session, const Arguments& arguments) {
     if (!filter)
         return failure;
     const platform::FileTime now = session.clock().now();
-    return changeSelected(session, *filter, [now](auto& transaction, auto& entries, const auto& selection) {
-        return billing::markAllBilled(transaction, entries, selection, now);
-    });
+    return changeSelected(session, resources::history::markBilled, *filter,
+                          [now](auto& transaction, auto& entries, const auto& selection) {
+                              return billing::markAllBilled(transaction, entries, selection, now);
+                          });
 }
 
 ExitCode bulkDelete(Session& session, const Arguments& arguments) {
@@ -117,9 +121,10 @@ ExitCode bulkDelete(Session& session, const Arguments& arguments) {
         return failure;
     if (!confirmDeletion(session))
         return ExitCode::refused;
-    return changeSelected(session, *filter, [](auto& transaction, auto& entries, const auto& selection) {
-        return billing::deleteAll(transaction, entries, selection);
-    });
+    return changeSelected(session, resources::history::deleteByCriteria, *filter,
+                          [](auto& transaction, auto& entries, const auto& selection) {
+                              return billing::deleteAll(transaction, entries, selection);
+                          });
 }
 
 ExitCode bulkReplace(Session& session, const Arguments& arguments) {

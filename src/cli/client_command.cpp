@@ -3,6 +3,7 @@
 #include "cli/handlers.h"
 #include "cli/structure_arguments.h"
 #include "cli/text_table.h"
+#include "resources/texts/history.h"
 
 namespace hourwright::cli {
 
@@ -44,9 +45,10 @@ ExitCode clientAdd(Session& session, const Arguments& arguments) {
     if (!name)
         return ExitCode::refused;
     std::uint32_t clientId = 0;
-    const ExitCode added = changeStores(session, [&](platform::Transaction& transaction, store::Stores& stores) {
-        return addFree(session, transaction, stores, *name, clientId);
-    });
+    const ExitCode added = changeStores(session, resources::history::addClient,
+                                        [&](platform::Transaction& transaction, store::Stores& stores) {
+                                            return addFree(session, transaction, stores, *name, clientId);
+                                        });
     if (added == ExitCode::done)
         session.out().writeLine(std::to_string(clientId));
     return added;
@@ -102,8 +104,7 @@ ExitCode clientDelete(Session& session, const Arguments& arguments) {
     const auto client = stores ? clientArgument(session, *stores, arguments.positionals().front()) : std::nullopt;
     if (!client)
         return ExitCode::refused;
-    return endDeletion(session,
-                       billing::deleteNode(*stores, session.messages(), billing::ClientNode{client->clientId}));
+    return deleteNode(session, *stores, resources::history::deleteClient, billing::ClientNode{client->clientId});
 }
 
 } // namespace hourwright::cli

@@ -56,6 +56,8 @@ constexpr std::array allOption{&option::all};
 constexpr OptionGroup all{"", "", allOption};
 constexpr std::array propertiesOption{&option::properties};
 constexpr OptionGroup properties{"", "", propertiesOption};
+constexpr std::array stepsOption{&option::steps};
+constexpr OptionGroup stepsGroup{"", "", stepsOption};
 constexpr std::array paidDateOption{&option::paidDate};
 constexpr OptionGroup paidDate{"", "", paidDateOption};
 constexpr std::array stepOptions{&option::previous, &option::next};
@@ -141,6 +143,9 @@ constexpr std::array topicTable{
     TopicSpec{"export", "files for other programs"},
     TopicSpec{"summary", "hours and amounts of a client by status"},
     TopicSpec{"bulk", "changes of many entries at once"},
+    TopicSpec{"undo", "take changes back"},
+    TopicSpec{"redo", "make changes again"},
+    TopicSpec{"history", "the changes that can be undone"},
     TopicSpec{"store", "databases and records as stored"},
     TopicSpec{"wipe", "deletion of all data or of the client structure"},
     TopicSpec{"demo", "made-up data to try the program with"},
@@ -293,6 +298,9 @@ constexpr std::array commandTable{
                 replaceTexts,
                 {},
                 bulkReplace},
+    CommandSpec{"undo", "", "take back the newest change and print its name", {}, {&stepsGroup}, undo},
+    CommandSpec{"redo", "", "make the change again that was undone last and print its name", {}, {&stepsGroup}, redo},
+    CommandSpec{"history", "", "list the changes that can be undone and redone, the newest first", {}, {}, history},
     CommandSpec{
         "store", "databases", "print name, type number, sort property and record count", {}, {}, storeDatabases},
     CommandSpec{

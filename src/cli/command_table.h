@@ -195,6 +195,7 @@ inline constexpr OptionSpec previous{"--previous",        Arity::one, ValueKind:
                                      "N periods earlier", "",         Family::step};
 inline constexpr OptionSpec next{"--next", Arity::one, ValueKind::number, "N", "N periods later", "", Family::step};
 inline constexpr OptionSpec id{"--id", Arity::one, ValueKind::id, "ID", "change this record instead of adding one"};
+inline constexpr OptionSpec steps{"--steps", Arity::one, ValueKind::number, "N", "so many changes (default 1)"};
 inline constexpr OptionSpec entries{"--entries", Arity::one, ValueKind::number, "N",
                                     "number of time entries (default 1000)"};
 inline constexpr OptionSpec seed{"--seed", Arity::one, ValueKind::number, "S", "another seed, other data (default 1)"};

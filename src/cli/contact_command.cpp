@@ -1,11 +1,12 @@
 #include "cli/handlers.h"
 #include "cli/structure_arguments.h"
 #include "platform/utf.h"
+#include "resources/texts/history.h"
 
 namespace hourwright::cli {
 
 ExitCode contactAdd(Session& session, const Arguments& arguments) {
-    return addNamed(session, arguments, store::addContact);
+    return addNamed(session, arguments, resources::history::addContact, store::addContact);
 }
 
 ExitCode contactDelete(Session& session, const Arguments& arguments) {
@@ -16,7 +17,7 @@ ExitCode contactDelete(Session& session, const Arguments& arguments) {
         return ExitCode::refused;
     const std::u16string name = platform::toUtf16(words[1]);
     return deleteFound(
-        session, *stores,
+        session, *stores, resources::history::deleteContact,
         findNode<store::ContactRecord, billing::ContactNode>(
             *stores, client->clientId, [&](const store::ContactRecord& record) { return record.name == name; }));
 }

@@ -3,6 +3,7 @@
 #include "cli/entry_fields.h"
 #include "cli/entry_records.h"
 #include "cli/handlers.h"
+#include "resources/texts/history.h"
 #include "store/save.h"
 
 namespace hourwright::cli {
@@ -44,7 +45,7 @@ ExitCode entryAdd(Session& session, const Arguments& arguments) {
     store::Stores* const stores = session.stores();
     if (!stores)
         return ExitCode::refused;
-    const auto transaction = stores->objects().begin();
+    const auto transaction = session.begin(resources::history::addEntry);
     const ExitCode saved = transaction ? save(session, *stores, *transaction, entry) : session.failWrite();
     if (saved == ExitCode::done)
         session.out().writeLine(std::to_string(static_cast<std::uint32_t>(entry.id)));
@@ -58,7 +59,7 @@ ExitCode entryEdit(Session& session, const Arguments& arguments) {
     store::Stores* const stores = session.stores();
     if (!stores)
         return ExitCode::refused;
-    const auto transaction = stores->objects().begin();
+    const auto transaction = session.begin(resources::history::editEntry);
     if (!transaction)
         return session.failWrite();
     TimeEntry entry;
@@ -71,13 +72,15 @@ ExitCode entryEdit(Session& session, const Arguments& arguments) {
 }
 
 ExitCode entryDelete(Session& session, const Arguments& arguments) {
-    return forEachEntry(session, arguments, [&](platform::Transaction& transaction, store::Stores& stores, TimeEntry&) {
-        return stores.entries().deleteCurrent(transaction);
-    });
+    return forEachEntry(session, arguments, resources::history::deleteEntries,
+                        [&](platform::Transaction& transaction, store::Stores& stores, TimeEntry&) {
+                            return stores.entries().deleteCurrent(transaction);
+                        });
 }
 
 ExitCode entryToggleBilled(Session& session, const Arguments& arguments) {
-    return changeEntries(session, arguments, [](TimeEntry& entry) { store::toggleBilled(entry); });
+    return changeEntries(session, arguments, resources::history::toggleBilled,
+                         [](TimeEntry& entry) { store::toggleBilled(entry); });
 }
 
 ExitCode entryPay(Session& session, const Arguments& arguments) {
@@ -88,11 +91,13 @@ ExitCode entryPay(Session& session, const Arguments& arguments) {
             return ExitCode::refused;
         paidDate = *given;
     }
-    return changeEntries(session, arguments, [paidDate](TimeEntry& entry) { store::markPaid(entry, paidDate); });
+    return changeEntries(session, arguments, resources::history::markPaid,
+                         [paidDate](TimeEntry& entry) { store::markPaid(entry, paidDate); });
 }
 
 ExitCode entryUnpay(Session& session, const Arguments& arguments) {
-    return changeEntries(session, arguments, [](TimeEntry& entry) { store::markUnpaid(entry); });
+    return changeEntries(session, arguments, resources::history::markUnpaid,
+                         [](TimeEntry& entry) { store::markUnpaid(entry); });
 }
 
 } // namespace hourwright::cli

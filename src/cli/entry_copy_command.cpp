@@ -6,6 +6,7 @@
 #include "cli/joined.h"
 #include "cli/json_writer.h"
 #include "platform/utf.h"
+#include "resources/texts/history.h"
 
 #include <array>
 
@@ -83,7 +84,7 @@ ExitCode entryCopy(Session& session, const Arguments& arguments) {
     store::Stores* const stores = session.stores();
     if (!stores)
         return ExitCode::refused;
-    const auto transaction = stores->objects().begin();
+    const auto transaction = session.begin(resources::history::copyEntry);
     if (!transaction)
         return session.failWrite();
     store::TimeEntry entry;

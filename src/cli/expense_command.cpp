@@ -4,6 +4,7 @@
 #include "cli/expense_output.h"
 #include "cli/handlers.h"
 #include "cli/record_access.h"
+#include "resources/texts/history.h"
 #include "store/save.h"
 
 namespace hourwright::cli {
@@ -39,7 +40,7 @@ ExitCode expenseAdd(Session& session, const Arguments& arguments) {
     store::Stores* const stores = session.stores();
     if (!stores)
         return ExitCode::refused;
-    const auto transaction = stores->objects().begin();
+    const auto transaction = session.begin(resources::history::addExpense);
     const ExitCode saved = transaction ? save(session, *stores, *transaction, expense) : session.failWrite();
     if (saved == ExitCode::done)
         session.out().writeLine(std::to_string(static_cast<std::uint32_t>(expense.id)));
@@ -53,7 +54,7 @@ ExitCode expenseEdit(Session& session, const Arguments& arguments) {
     store::Stores* const stores = session.stores();
     if (!stores)
         return ExitCode::refused;
-    const auto transaction = stores->objects().begin();
+    const auto transaction = session.begin(resources::history::editExpense);
     if (!transaction)
         return session.failWrite();
     ExpenseEntry expense;
@@ -71,7 +72,7 @@ ExitCode expenseDelete(Session& session, const Arguments& arguments) {
         const bool deleted = stores.expenses().deleteCurrent(transaction);
         return deleted ? std::nullopt : std::optional(session.fail(stores.expenses().lastError()));
     };
-    return forEachRecordId(session, arguments, remove);
+    return forEachRecordId(session, arguments, resources::history::deleteExpenses, remove);
 }
 
 } // namespace hourwright::cli

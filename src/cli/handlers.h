@@ -80,6 +80,10 @@ ExitCode bulkMarkBilled(Session& session, const Arguments& arguments);
 ExitCode bulkDelete(Session& session, const Arguments& arguments);
 ExitCode bulkReplace(Session& session, const Arguments& arguments);
 
+ExitCode undo(Session& session, const Arguments& arguments);
+ExitCode redo(Session& session, const Arguments& arguments);
+ExitCode history(Session& session, const Arguments& arguments);
+
 ExitCode storeDatabases(Session& session, const Arguments& arguments);
 ExitCode storeDump(Session& session, const Arguments& arguments);
 ExitCode storeWrite(Session& session, const Arguments& arguments);

@@ -1,6 +1,7 @@
 #include "cli/handlers.h"
 #include "cli/structure_arguments.h"
 #include "platform/utf.h"
+#include "resources/texts/history.h"
 
 namespace hourwright::cli {
 
@@ -10,13 +11,14 @@ ExitCode projectAdd(Session& session, const Arguments& arguments) {
     const auto task = project ? nameArgument(session, words[2]) : std::nullopt;
     if (!task)
         return ExitCode::refused;
-    return changeStores(session, [&](platform::Transaction& transaction, store::Stores& stores) {
-        const auto client = clientArgument(session, stores, words[0]);
-        if (!client)
-            return ExitCode::refused;
-        return store::addProjectTask(transaction, stores, client->clientId, *project, *task) ? ExitCode::done
-                                                                                             : session.failWrite();
-    });
+    return changeStores(
+        session, resources::history::addProject, [&](platform::Transaction& transaction, store::Stores& stores) {
+            const auto client = clientArgument(session, stores, words[0]);
+            if (!client)
+                return ExitCode::refused;
+            return store::addProjectTask(transaction, stores, client->clientId, *project, *task) ? ExitCode::done
+                                                                                                 : session.failWrite();
+        });
 }
 
 ExitCode projectDelete(Session& session, const Arguments& arguments) {
@@ -26,7 +28,7 @@ ExitCode projectDelete(Session& session, const Arguments& arguments) {
     if (!client)
         return ExitCode::refused;
     const billing::ProjectNode node{client->clientId, platform::toUtf16(words[1])};
-    return endDeletion(session, billing::deleteNode(*stores, session.messages(), node));
+    return deleteNode(session, *stores, resources::history::deleteProject, node);
 }
 
 } // namespace hourwright::cli

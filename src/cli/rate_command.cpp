@@ -7,6 +7,7 @@
 #include "cli/text_table.h"
 #include "platform/number_text.h"
 #include "platform/utf.h"
+#include "resources/texts/history.h"
 
 namespace hourwright::cli {
 
@@ -71,13 +72,14 @@ ExitCode rateAdd(Session& session, const Arguments& arguments) {
     RateDraft draft;
     readOptions(arguments, draft);
     RateRecord rate;
-    const ExitCode added = changeStores(session, [&](platform::Transaction& transaction, store::Stores& stores) {
-        const auto owner = rateOwnerArgument(session, stores, arguments.positionals().front());
-        if (!owner)
-            return ExitCode::refused;
-        rate.clientId = *owner;
-        return save(session, transaction, stores, draft, rate);
-    });
+    const ExitCode added = changeStores(
+        session, resources::history::addRate, [&](platform::Transaction& transaction, store::Stores& stores) {
+            const auto owner = rateOwnerArgument(session, stores, arguments.positionals().front());
+            if (!owner)
+                return ExitCode::refused;
+            rate.clientId = *owner;
+            return save(session, transaction, stores, draft, rate);
+        });
     if (added == ExitCode::done)
         session.out().writeLine(std::to_string(static_cast<std::uint32_t>(rate.id)));
     return added;
@@ -106,23 +108,25 @@ ExitCode rateList(Session& session, const Arguments& arguments) {
 }
 
 ExitCode rateEdit(Session& session, const Arguments& arguments) {
-    return changeStores(session, [&](platform::Transaction& transaction, store::Stores& stores) {
-        RateRecord rate;
-        if (!readRate(session, stores, arguments, rate))
-            return ExitCode::refused;
-        RateDraft draft = billing::draftOf(rate);
-        readOptions(arguments, draft);
-        return save(session, transaction, stores, draft, rate);
-    });
+    return changeStores(session, resources::history::editRate,
+                        [&](platform::Transaction& transaction, store::Stores& stores) {
+                            RateRecord rate;
+                            if (!readRate(session, stores, arguments, rate))
+                                return ExitCode::refused;
+                            RateDraft draft = billing::draftOf(rate);
+                            readOptions(arguments, draft);
+                            return save(session, transaction, stores, draft, rate);
+                        });
 }
 
 ExitCode rateDelete(Session& session, const Arguments& arguments) {
-    return changeStores(session, [&](platform::Transaction& transaction, store::Stores& stores) {
-        RateRecord rate;
-        if (!readRate(session, stores, arguments, rate))
-            return ExitCode::refused;
-        return stores.rates().deleteCurrent(transaction) ? ExitCode::done : session.failWrite();
-    });
+    return changeStores(session, resources::history::deleteRate,
+                        [&](platform::Transaction& transaction, store::Stores& stores) {
+                            RateRecord rate;
+                            if (!readRate(session, stores, arguments, rate))
+                                return ExitCode::refused;
+                            return stores.rates().deleteCurrent(transaction) ? ExitCode::done : session.failWrite();
+                        });
 }
 
 } // namespace hourwright::cli

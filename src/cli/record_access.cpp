@@ -24,12 +24,12 @@ bool seekRecord(Session& session, store::RecordStore& records, RecordId id, std:
 }
 
 ExitCode
-forEachRecordId(Session& session, const Arguments& arguments,
+forEachRecordId(Session& session, const Arguments& arguments, const resources::Text& name,
                 const std::function<std::optional<ExitCode>(platform::Transaction&, store::Stores&, RecordId)>& work) {
     store::Stores* const stores = session.stores();
     if (!stores)
         return ExitCode::refused;
-    const auto transaction = stores->objects().begin();
+    const auto transaction = session.begin(name);
     if (!transaction)
         return session.failWrite();
     std::set<RecordId> done;

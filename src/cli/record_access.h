@@ -16,10 +16,10 @@ namespace hourwright::cli {
 /// `what` names it for people.
 [[nodiscard]] bool seekRecord(Session& session, store::RecordStore& records, store::RecordId id, std::string_view what);
 
-/// Works on each record id that the positional arguments name, once each and in one transaction: the first failure,
-/// which `work` has shown and returns, takes everything back.
+/// Works on each record id that the positional arguments name, once each and in one transaction of that name: the first
+/// failure, which `work` has shown and returns, takes everything back.
 [[nodiscard]] ExitCode forEachRecordId(
-    Session& session, const Arguments& arguments,
+    Session& session, const Arguments& arguments, const resources::Text& name,
     const std::function<std::optional<ExitCode>(platform::Transaction&, store::Stores&, store::RecordId)>& work);
 
 } // namespace hourwright::cli

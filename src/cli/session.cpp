@@ -111,6 +111,10 @@ void Session::openStores() {
                joined({"platform error ", std::to_string(platform::number(objects_->lastError()))}));
 }
 
+std::unique_ptr<platform::Transaction> Session::begin(const resources::Text& name) {
+    return objects_->begin({.name = name.text, .time = clock_->now()});
+}
+
 std::optional<platform::SystemTime> Session::day(std::string_view date) {
     const auto parsed = parseDate(date);
     const auto day = parsed ? resolveDate(*parsed, clock_->localTime()) : std::nullopt;

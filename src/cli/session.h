@@ -10,6 +10,7 @@
 #include "platform/named_mutex.h"
 #include "platform/object_store.h"
 #include "platform/registry.h"
+#include "resources/text.h"
 #include "store/stores.h"
 
 #include <memory>
@@ -50,6 +51,9 @@ public:
     [[nodiscard]] platform::ObjectStore* objects();
     /// The program's record stores on it, made when missing; null when they cannot be opened.
     [[nodiscard]] store::Stores* stores();
+
+    /// Begins to write to the stores, which are open: a change that can be undone under this name. Null on failure.
+    [[nodiscard]] std::unique_ptr<platform::Transaction> begin(const resources::Text& name);
 
     /// The day that an accepted date means, at 00:00. Nothing, with the message shown, when it cannot be stored.
     [[nodiscard]] std::optional<platform::SystemTime> day(std::string_view date);

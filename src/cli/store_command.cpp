@@ -7,6 +7,7 @@
 #include "cli/session.h"
 #include "cli/text_table.h"
 #include "platform/utf.h"
+#include "resources/texts/history.h"
 
 #include <algorithm>
 
@@ -99,11 +100,11 @@ std::optional<std::vector<OwnedProperty>> parseProperties(Session& session, std:
     return properties;
 }
 
-ObjectId writeRecord(ObjectStore& objects, Database& database, ObjectId id, std::span<const OwnedProperty> properties) {
+ObjectId writeRecord(Session& session, Database& database, ObjectId id, std::span<const OwnedProperty> properties) {
     std::vector<platform::PropertyValue> values;
     for (const OwnedProperty& property : properties)
         values.push_back(property.value());
-    const auto transaction = objects.begin();
+    const auto transaction = session.begin(resources::history::writeRecord);
     if (!transaction)
         return ObjectId::none;
     const ObjectId written = database.write(*transaction, id, values);
@@ -167,7 +168,7 @@ ExitCode storeWrite(Session& session, const Arguments& arguments) {
     if (!database)
         return ExitCode::refused;
     const ObjectId id{numberOf(arguments.value(option::id).value_or("0"))};
-    const ObjectId written = writeRecord(*objects, *database, id, *properties);
+    const ObjectId written = writeRecord(session, *database, id, *properties);
     if (written == ObjectId::none)
         return session.failWrite();
     session.out().writeLine(idText(written));
@@ -181,7 +182,7 @@ ExitCode storeDelete(Session& session, const Arguments& arguments) {
     const auto database = openDatabase(session, *objects, arguments.positionals()[0]);
     if (!database)
         return ExitCode::refused;
-    const auto transaction = objects->begin();
+    const auto transaction = session.begin(resources::history::deleteRecord);
     if (!transaction)
         return session.failWrite();
     const ObjectId id{numberOf(arguments.positionals()[1])};

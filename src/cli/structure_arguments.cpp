@@ -37,11 +37,12 @@ std::optional<std::uint32_t> rateOwnerArgument(Session& session, store::Stores& 
     return client ? std::optional(client->clientId) : std::nullopt;
 }
 
-ExitCode changeStores(Session& session, const std::function<ExitCode(platform::Transaction&, store::Stores&)>& work) {
+ExitCode changeStores(Session& session, const resources::Text& name,
+                      const std::function<ExitCode(platform::Transaction&, store::Stores&)>& work) {
     store::Stores* const stores = session.stores();
     if (!stores)
         return ExitCode::refused;
-    const auto transaction = stores->objects().begin();
+    const auto transaction = session.begin(name);
     if (!transaction)
         return session.failWrite();
     const ExitCode ended = work(*transaction, *stores);
@@ -54,12 +55,12 @@ ExitCode failStructureRead(Session& session, store::Stores& stores) {
     return session.fail(stores.objects().lastError(), "The client structure could not be read.");
 }
 
-ExitCode addNamed(Session& session, const Arguments& arguments, AddName add) {
+ExitCode addNamed(Session& session, const Arguments& arguments, const resources::Text& step, AddName add) {
     const auto words = arguments.positionals();
     const auto name = nameArgument(session, words[1]);
     if (!name)
         return ExitCode::refused;
-    return changeStores(session, [&](platform::Transaction& transaction, store::Stores& stores) {
+    return changeStores(session, step, [&](platform::Transaction& transaction, store::Stores& stores) {
         const auto client = clientArgument(session, stores, words[0]);
         if (!client)
             return ExitCode::refused;
@@ -67,10 +68,17 @@ ExitCode addNamed(Session& session, const Arguments& arguments, AddName add) {
     });
 }
 
-ExitCode deleteFound(Session& session, store::Stores& stores, const std::optional<billing::StructureNode>& node) {
+ExitCode deleteFound(Session& session, store::Stores& stores, const resources::Text& step,
+                     const std::optional<billing::StructureNode>& node) {
     if (!node)
         return failStructureRead(session, stores);
-    return endDeletion(session, billing::deleteNode(stores, session.messages(), *node));
+    return deleteNode(session, stores, step, *node);
+}
+
+ExitCode deleteNode(Session& session, store::Stores& stores, const resources::Text& step,
+                    const billing::StructureNode& node) {
+    return endDeletion(session, billing::deleteNode(stores, session.messages(), node,
+                                                    {.name = step.text, .time = session.clock().now()}));
 }
 
 ExitCode endDeletion(Session& session, billing::Deletion result) {

@@ -27,8 +27,8 @@ using NameCheck = std::optional<billing::NameRefusal> (*)(std::u16string_view);
 [[nodiscard]] std::optional<std::uint32_t> rateOwnerArgument(Session& session, store::Stores& stores,
                                                              std::string_view name);
 
-/// Opens the stores and changes them in one transaction, which is committed when `work` is done.
-[[nodiscard]] ExitCode changeStores(Session& session,
+/// Opens the stores and changes them in one transaction of that name, which is committed when `work` is done.
+[[nodiscard]] ExitCode changeStores(Session& session, const resources::Text& name,
                                     const std::function<ExitCode(platform::Transaction&, store::Stores&)>& work);
 
 /// Shows that a store could not be read.
@@ -37,7 +37,7 @@ ExitCode failStructureRead(Session& session, store::Stores& stores);
 /// Adds the name that stands behind the client on the command line to that client.
 using AddName = std::optional<store::RecordId> (*)(platform::Transaction&, store::Stores&, std::uint32_t,
                                                    std::u16string_view);
-[[nodiscard]] ExitCode addNamed(Session& session, const Arguments& arguments, AddName add);
+[[nodiscard]] ExitCode addNamed(Session& session, const Arguments& arguments, const resources::Text& step, AddName add);
 
 /// The node of the client's first record that matches, without an id when there is none; nothing when reading failed.
 template<typename Record, typename Node, typename Match>
@@ -51,8 +51,12 @@ template<typename Record, typename Node, typename Match>
 }
 
 /// Deletes a node that `findNode` has looked for; one without an id is gone already.
-[[nodiscard]] ExitCode deleteFound(Session& session, store::Stores& stores,
+[[nodiscard]] ExitCode deleteFound(Session& session, store::Stores& stores, const resources::Text& step,
                                    const std::optional<billing::StructureNode>& node);
+
+/// Deletes a node, after its question if it has one.
+[[nodiscard]] ExitCode deleteNode(Session& session, store::Stores& stores, const resources::Text& step,
+                                  const billing::StructureNode& node);
 
 /// Ends a command that asked before it deleted.
 [[nodiscard]] ExitCode endDeletion(Session& session, billing::Deletion result);

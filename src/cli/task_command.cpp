@@ -1,6 +1,7 @@
 #include "cli/handlers.h"
 #include "cli/structure_arguments.h"
 #include "platform/utf.h"
+#include "resources/texts/history.h"
 
 namespace hourwright::cli {
 
@@ -21,7 +22,7 @@ std::optional<StructureNode> taskNode(store::Stores& stores, std::uint32_t clien
 } // namespace
 
 ExitCode taskAdd(Session& session, const Arguments& arguments) {
-    return addNamed(session, arguments, store::addTask);
+    return addNamed(session, arguments, resources::history::addTask, store::addTask);
 }
 
 ExitCode taskDelete(Session& session, const Arguments& arguments) {
@@ -31,7 +32,8 @@ ExitCode taskDelete(Session& session, const Arguments& arguments) {
     if (!client)
         return ExitCode::refused;
     const std::u16string project = platform::toUtf16(arguments.value(option::taskProject).value_or(""));
-    return deleteFound(session, *stores, taskNode(*stores, client->clientId, project, platform::toUtf16(words[1])));
+    return deleteFound(session, *stores, resources::history::deleteTask,
+                       taskNode(*stores, client->clientId, project, platform::toUtf16(words[1])));
 }
 
 } // namespace hourwright::cli
