@@ -1,5 +1,6 @@
 #include "billing/new_entry.h"
 
+#include "billing/duration.h"
 #include "platform/calendar.h"
 
 namespace hourwright::billing {
@@ -23,6 +24,22 @@ store::TimeEntry newTimeEntry(const NewEntryDefaults& defaults, const platform::
         entry.project = last->project;
     }
     return entry;
+}
+
+void placeEntry(store::TimeEntry& entry, const platform::SystemTime& day,
+                const std::optional<platform::SystemTime>& start, std::optional<int> minutes, const TimeRules& rules) {
+    platform::SystemTime time = day;
+    platform::clearTime(time);
+    if (start) {
+        time.hour = start->hour;
+        time.minute = start->minute;
+        store::setDateAndStart(entry, time);
+    } else {
+        store::setDateWithoutStart(entry, time);
+    }
+    platform::SystemTime end = time;
+    if (minutes && *minutes > 0 && platform::addMinutes(end, *minutes))
+        entry.duration = durationFromStartEnd(time, end, 0.0, rules).value_or(entry.duration);
 }
 
 store::ExpenseEntry newExpense(store::ExpenseType type, const NewEntryDefaults& defaults,

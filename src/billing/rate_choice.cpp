@@ -99,6 +99,11 @@ void RateChoice::changeRates(std::span<const RateRecord> former, std::span<const
     choose(same != offered.end() ? *same : RateRecord{});
 }
 
+void RateChoice::suggest(std::span<const RateRecord> offered) {
+    if (!typed_ && rate_ == 0 && type_ == RateType::normal && !offered.empty())
+        choose(offered.front());
+}
+
 std::optional<double> RateChoice::total(const store::TimeEntry& entry, const TimeRules& rules) const {
     const bool isNumber = !typed_ || passesNumericTest(*typed_);
     const auto rate = typed_ ? rateFromText(*typed_) : rate_;

@@ -55,6 +55,9 @@ public:
     /// by that of the same type and description, or else taken off. One that was typed stays.
     void changeRates(std::span<const store::RateRecord> former, std::span<const store::RateRecord> offered);
 
+    /// An entry that has no rate yet begins with the first one offered. One that was chosen or typed stays.
+    void suggest(std::span<const store::RateRecord> offered);
+
     /// What the entry would cost at this rate; nothing while the text typed is no rate.
     [[nodiscard]] std::optional<double> total(const store::TimeEntry& entry, const TimeRules& rules) const;
 
