@@ -21,16 +21,16 @@ public:
     Dialog(Workspace& workspace, const QString& title, std::string helpAnchor, QWidget* parent);
 
     [[nodiscard]] Workspace& workspace() { return workspace_; }
+    /// Makes a form of labels and fields for a page or a group box; on a handheld the labels stand above the fields.
+    [[nodiscard]] static QFormLayout* makeForm(QWidget* owner = nullptr);
 
 protected:
     /// Where the dialog's controls go.
     [[nodiscard]] QVBoxLayout* content() { return content_; }
     [[nodiscard]] QDialogButtonBox* buttons() { return buttons_; }
 
-    /// A form of labels and fields, appended to `content`; on a handheld the labels stand above the fields.
+    /// Such a form, appended to `content`.
     [[nodiscard]] QFormLayout* addForm();
-    /// Makes a form of that kind for a page or a group box.
-    [[nodiscard]] static QFormLayout* makeForm(QWidget* owner = nullptr);
 
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/command_actions.h"
+#include "desktop/commands/record_editing.h"
 #include "desktop/record_view.h"
 #include "desktop/workspace.h"
 
@@ -51,6 +52,8 @@ public:
     std::function<bool()> mayClose;
     /// Opens the editor on a new record that begins with the seed.
     std::function<void(const EntrySeed&)> openNew;
+    /// How expenses are edited; set by their commands.
+    RecordEditing expenseEditing;
     std::function<void()> loadDemo;
 
 protected:

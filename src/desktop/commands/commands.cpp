@@ -4,6 +4,7 @@ namespace hourwright::desktop {
 
 void addAllCommands(MainWindow& window) {
     addViewCommands(window);
+    addEntryCommands(window);
 }
 
 } // namespace hourwright::desktop

@@ -8,5 +8,6 @@ class MainWindow;
 void addAllCommands(MainWindow& window);
 
 void addViewCommands(MainWindow& window);
+void addEntryCommands(MainWindow& window);
 
 } // namespace hourwright::desktop

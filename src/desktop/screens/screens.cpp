@@ -5,6 +5,7 @@ namespace hourwright::desktop {
 std::vector<Screen> allScreens() {
     std::vector<Screen> screens;
     addMainScreens(screens);
+    addEditorScreens(screens);
     return screens;
 }
 

@@ -22,5 +22,6 @@ struct Screen {
 [[nodiscard]] std::vector<Screen> allScreens();
 
 void addMainScreens(std::vector<Screen>& screens);
+void addEditorScreens(std::vector<Screen>& screens);
 
 } // namespace hourwright::desktop

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "desktop/record_view.h"
+
+#include <functional>
+
+namespace hourwright::desktop {
+
+/// What the commands for single records do with one kind of record; absent: nothing. Time entries have theirs built
+/// in, expenses set them with their own commands.
+struct RecordEditing {
+    std::function<void(const EntrySeed&)> openNew;
+    std::function<void(store::RecordId)> edit;
+    std::function<void(store::RecordId)> createCopy;
+};
+
+} // namespace hourwright::desktop

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "desktop/workspace.h"
+#include "store/expense_entry.h"
+#include "store/time_entry.h"
+
+#include <string_view>
+
+namespace hourwright::desktop {
+
+/// Stores an edited record unless the user, asked because another program changed or deleted it since it was `opened`,
+/// does not want that. The record gets its id and the time of the change. False when nothing was stored; a failure has
+/// been shown.
+[[nodiscard]] bool saveRecord(Workspace& workspace, std::u16string_view undoName, store::TimeEntry& entry,
+                              const store::TimeEntry& opened);
+[[nodiscard]] bool saveRecord(Workspace& workspace, std::u16string_view undoName, store::ExpenseEntry& expense,
+                              const store::ExpenseEntry& opened);
+
+} // namespace hourwright::desktop
