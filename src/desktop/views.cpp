@@ -1,5 +1,7 @@
 #include "desktop/views.h"
 
+#include "desktop/calendar/calendar_view.h"
+
 namespace hourwright::desktop {
 
 namespace {
@@ -23,8 +25,8 @@ RecordView* makeListView(Workspace& /*workspace*/, app::ListStyle /*style*/, QWi
     return new BlankView(parent);
 }
 
-RecordView* makeCalendarView(Workspace& /*workspace*/, QWidget* parent) {
-    return new BlankView(parent);
+RecordView* makeCalendarView(Workspace& workspace, QWidget* parent) {
+    return new CalendarView(workspace, parent);
 }
 
 QString filterDescription(Workspace& /*workspace*/) {

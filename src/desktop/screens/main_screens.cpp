@@ -23,7 +23,11 @@ void addMainScreens(std::vector<Screen>& screens) {
                            window.commands().run(viewWeek);
                            return &window;
                        }});
-    screens.push_back({"calendar-day", after(viewDay)});
+    screens.push_back({"calendar-day", [](MainWindow& window) {
+                           window.commands().run(viewDay);
+                           window.commands().run(gotoToday);
+                           return &window;
+                       }});
     screens.push_back({"calendar-month", after(viewMonth)});
     screens.push_back({"expenses", [](MainWindow& window) {
                            window.commands().run(switchRecords);

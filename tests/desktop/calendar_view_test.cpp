@@ -1,0 +1,204 @@
+#include "desktop/calendar/calendar_view.h"
+
+#include "desktop/desktop_fixture.h"
+#include "desktop/main_window.h"
+
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace hourwright::desktop {
+namespace {
+
+// The week of Monday, 16 November 2026, in the main window.
+class CalendarViewTest : public test::DesktopFixture {
+protected:
+    CalendarViewTest() {
+        settings().styleFlags.set(app::StyleFlag::weekStartsMonday);
+        workspace().view().setCalendar(true);
+        workspace().view().settingsChanged();
+        workspace().view().setKind(app::PeriodKind::week);
+        workspace().view().goToToday();
+    }
+
+    store::RecordId addEntry(std::uint16_t day, std::uint16_t hour, std::int32_t duration, std::int32_t breakTime = 0) {
+        store::TimeEntry entry;
+        EXPECT_TRUE(store::setDateAndStart(entry, {.year = 2026, .month = 11, .day = day, .hour = hour}));
+        entry.client = u"Acme";
+        entry.task = u"Review";
+        entry.duration = duration;
+        entry.breakTime = breakTime;
+        return add(entry);
+    }
+    void open() {
+        window_ = std::make_unique<MainWindow>(workspace());
+        window_->openNew = [this](const EntrySeed& seed) { seeds_.push_back(seed); };
+        window_->resize(1000, 700);
+        window_->show();
+        window_->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+        grid().setFocus();
+    }
+    TimeGrid& grid() { return *window_->view().findChild<TimeGrid*>(); }
+    MonthGrid& month() { return *window_->view().findChild<MonthGrid*>(); }
+    RecordView& view() { return window_->view(); }
+
+    QPoint place(int day, int minute) {
+        const QRect rect = grid().spanRect(day, {minute, minute});
+        return {rect.center().x(), rect.top() + 1};
+    }
+    void drag(QPoint from, QPoint to) {
+        auto* port = grid().viewport();
+        QTest::mousePress(port, Qt::LeftButton, {}, from);
+        moveMouse(from + (to - from) / 2);
+        moveMouse(to);
+        QTest::mouseRelease(port, Qt::LeftButton, {}, to);
+    }
+    // QTest's own moves carry no buttons.
+    void moveMouse(QPoint to) {
+        auto* port = grid().viewport();
+        QMouseEvent move(QEvent::MouseMove, to, port->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(port, &move);
+    }
+    void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&grid(), key, modifiers); }
+    std::string only() {
+        const auto all = entries();
+        if (all.size() != 1)
+            return std::to_string(all.size()) + " entries";
+        const auto date = platform::toSystemTime(all.front().date).value();
+        char text[64];
+        std::snprintf(text, sizeof text, "%d %02d:%02d:%02d %d", date.day, date.hour, date.minute, date.second,
+                      all.front().duration);
+        return text;
+    }
+
+    std::unique_ptr<MainWindow> window_;
+    std::vector<EntrySeed> seeds_;
+};
+
+TEST_F(CalendarViewTest, markingEmptyTimeAsksForANewEntry) {
+    addEntry(16, 9, 100);
+    open();
+    drag(place(2, 600), place(2, 687));
+    ASSERT_EQ(seeds_.size(), 1U);
+    EXPECT_EQ(seeds_[0].day.day, 18);
+    EXPECT_EQ(seeds_[0].start->hour, 10);
+    EXPECT_EQ(seeds_[0].start->minute, 0);
+    EXPECT_EQ(seeds_[0].minutes, 90);
+    QTest::mouseDClick(grid().viewport(), Qt::LeftButton, {}, place(3, 660));
+    ASSERT_EQ(seeds_.size(), 2U);
+    EXPECT_EQ(seeds_[1].day.day, 19);
+    EXPECT_EQ(seeds_[1].minutes, std::nullopt);
+}
+
+TEST_F(CalendarViewTest, aBlockIsMovedToAnotherDayAndTime) {
+    addEntry(16, 9, 150, 50);
+    open();
+    drag(place(0, 570), place(3, 705)); // three days and two hours and a quarter on
+    EXPECT_EQ(only(), "19 11:15:01 150");
+    EXPECT_EQ(entries().front().modified, clock().now());
+    EXPECT_EQ(view().selection().size(), 1U);
+}
+
+TEST_F(CalendarViewTest, edgesChangeStartAndDuration) {
+    const auto id = addEntry(16, 9, 150, 50);
+    open();
+    const auto index = 0U;
+    const QPoint anHour(0, grid().grid().hourHeight);
+    QRect block = grid().blockRect(index);
+    QPoint edge(block.center().x(), block.bottom() - 1);
+    drag(edge, edge + anHour);
+    EXPECT_EQ(only(), "16 09:00:01 250"); // till noon with half an hour of break
+    block = grid().blockRect(index);
+    edge.setY(block.top() + 1);
+    drag(edge, edge + anHour);
+    EXPECT_EQ(only(), "16 10:00:01 150");
+    EXPECT_EQ(view().selection(), std::vector{id});
+}
+
+TEST_F(CalendarViewTest, escapeTakesTheDragBack) {
+    addEntry(16, 9, 100);
+    open();
+    QTest::mousePress(grid().viewport(), Qt::LeftButton, {}, place(0, 570));
+    moveMouse(place(2, 700));
+    key(Qt::Key_Escape);
+    QTest::mouseRelease(grid().viewport(), Qt::LeftButton, {}, place(2, 700));
+    EXPECT_EQ(only(), "16 09:00:01 100");
+    EXPECT_TRUE(seeds_.empty());
+}
+
+TEST_F(CalendarViewTest, theKeyboardDoesAllOfIt) {
+    const auto id = addEntry(16, 9, 100);
+    open();
+    view().select(std::vector{id});
+    key(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_EQ(only(), "16 09:05:01 100");
+    key(Qt::Key_Right, Qt::ControlModifier);
+    EXPECT_EQ(only(), "17 09:05:01 100");
+    key(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
+    EXPECT_EQ(only(), "17 09:05:01 109"); // 65 minutes
+    key(Qt::Key_Up, Qt::AltModifier | Qt::ShiftModifier);
+    key(Qt::Key_Up, Qt::AltModifier);
+    EXPECT_EQ(only(), "17 09:00:01 100");
+    EXPECT_TRUE(grid().accessibleDescription().contains("Acme"));
+    key(Qt::Key_Down); // the slot after it, half past ten being the next but one
+    EXPECT_TRUE(view().selection().empty());
+    key(Qt::Key_Down, Qt::ShiftModifier);
+    key(Qt::Key_Return);
+    ASSERT_EQ(seeds_.size(), 1U);
+    EXPECT_EQ(seeds_[0].day.day, 17);
+    EXPECT_EQ(seeds_[0].start->hour, 10);
+    EXPECT_EQ(seeds_[0].minutes, 60);
+    QSignalSpy opened(&view(), &RecordView::activated);
+    key(Qt::Key_Up);
+    key(Qt::Key_Return);
+    EXPECT_EQ(opened.count(), 1);
+}
+
+TEST_F(CalendarViewTest, reloadKeepsSelectionAndScrollPosition) {
+    const auto id = addEntry(16, 9, 100);
+    addEntry(17, 9, 100);
+    open();
+    view().select(std::vector{id});
+    grid().verticalScrollBar()->setValue(37);
+    addEntry(16, 8, 50); // before it in the order of dates
+    view().reload();
+    EXPECT_EQ(view().selection(), std::vector{id});
+    EXPECT_EQ(grid().verticalScrollBar()->value(), 37);
+    EXPECT_EQ(view().totals().items, 3U);
+    EXPECT_TRUE(view().findNext("review"));
+    EXPECT_NE(view().selection(), std::vector{id});
+    view().selectAll();
+    EXPECT_EQ(view().selectedText().count('\n'), 2);
+}
+
+TEST_F(CalendarViewTest, anEntryThatIsGoneIsReportedAndNotWritten) {
+    addEntry(16, 9, 100);
+    open();
+    change([&](auto& transaction) {
+        stores().entries().seek(platform::Seek::toBeginning());
+        EXPECT_TRUE(stores().entries().deleteCurrent(transaction));
+    });
+    drag(place(0, 570), place(3, 690));
+    EXPECT_EQ(messages().ids(), std::vector{resources::StringId::error});
+    EXPECT_TRUE(entries().empty());
+}
+
+TEST_F(CalendarViewTest, theMonthGoesFromDayToDayAndOpensOne) {
+    addEntry(17, 9, 100);
+    open();
+    workspace().view().setKind(app::PeriodKind::month);
+    window_->showView();
+    month().setFocus();
+    QTest::keyClick(&month(), Qt::Key_Right);
+    QTest::keyClick(&month(), Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_EQ(view().selection().size(), 1U);
+    QTest::keyClick(&month(), Qt::Key_Down);
+    EXPECT_TRUE(view().selection().empty());
+    QTest::keyClick(&month(), Qt::Key_Return);
+    EXPECT_EQ(workspace().view().kind(), app::PeriodKind::day);
+    EXPECT_EQ(workspace().view().period().currentDate().day, 24);
+}
+
+} // namespace
+} // namespace hourwright::desktop
