@@ -8,15 +8,17 @@ namespace hourwright::desktop {
 Workspace::Workspace(const WorkspaceParts& parts)
     : parts_(parts), display_(app::DisplaySettings::load(parts.registry)),
       entryFilter_(app::EntryFilter::load(parts.registry)), expenseFilter_(app::ExpenseFilter::load(parts.registry)),
-      view_(parts.settings, display_, parts.clock) {}
+      view_(parts.settings, display_, parts.clock) {
+    connect(this, &Workspace::recordsChanged, this, [this] { namesKnown_ = false; });
+}
 
 billing::TimeRules Workspace::timeRules() const {
     return app::timeRules(parts_.settings);
 }
 
-bool Workspace::change(std::u16string_view /*name*/, const std::function<bool(platform::Transaction&)>& apply) {
+bool Workspace::change(std::u16string_view name, const std::function<bool(platform::Transaction&)>& apply) {
     {
-        const auto transaction = stores().objects().begin();
+        const auto transaction = stores().objects().begin({.name = name, .time = clock().now()});
         if (transaction == nullptr || !apply(*transaction) || !transaction->commit()) {
             showStoreError();
             return false;
@@ -24,6 +26,52 @@ bool Workspace::change(std::u16string_view /*name*/, const std::function<bool(pl
     }
     emit recordsChanged();
     return true;
+}
+
+bool Workspace::undo() {
+    using enum resources::StringId;
+    return endHistoryStep(stores().objects().history().undo(), nothingToUndo, undoChangedMeanwhile);
+}
+
+bool Workspace::redo() {
+    using enum resources::StringId;
+    return endHistoryStep(stores().objects().history().redo(), nothingToRedo, redoChangedMeanwhile);
+}
+
+bool Workspace::endHistoryStep(platform::HistoryResult result, resources::StringId nothing,
+                               resources::StringId changed) {
+    switch (result) {
+    case platform::HistoryResult::done: emit recordsChanged(); return true;
+    case platform::HistoryResult::nothing: messages().showCheck(nothing); break;
+    case platform::HistoryResult::changedMeanwhile: messages().showCheck(changed); break;
+    case platform::HistoryResult::failed: messages().showError(platform::number(stores().objects().lastError())); break;
+    }
+    namesKnown_ = false;
+    return false;
+}
+
+const std::u16string& Workspace::undoName() {
+    readNames();
+    return undoName_;
+}
+
+const std::u16string& Workspace::redoName() {
+    readNames();
+    return redoName_;
+}
+
+void Workspace::readNames() {
+    if (namesKnown_)
+        return;
+    undoName_.clear();
+    redoName_.clear();
+    for (const platform::HistoryStep& step : stores().objects().history().steps()) {
+        if (!step.undone)
+            undoName_ = step.name;
+        else if (redoName_.empty())
+            redoName_ = step.name;
+    }
+    namesKnown_ = true;
 }
 
 void Workspace::showStoreError() {

@@ -66,6 +66,14 @@ public:
     /// name says what "Undo" would take back; it is shown in the menu.
     bool change(std::u16string_view name, const std::function<bool(platform::Transaction&)>& apply);
 
+    /// Takes back the newest change, or makes the one again that was undone last, and tells the views. A refusal is
+    /// shown; false then.
+    bool undo();
+    bool redo();
+    /// The names of those changes; empty when there is none.
+    [[nodiscard]] const std::u16string& undoName();
+    [[nodiscard]] const std::u16string& redoName();
+
     /// Shows "Error: %d" with the store's last error.
     void showStoreError();
 
@@ -86,11 +94,17 @@ signals:
     void filterChanged();
 
 private:
+    bool endHistoryStep(platform::HistoryResult result, resources::StringId nothing, resources::StringId changed);
+    void readNames();
+
     WorkspaceParts parts_;
     app::DisplaySettings display_;
     app::EntryFilter entryFilter_;
     app::ExpenseFilter expenseFilter_;
     app::CurrentView view_;
+    std::u16string undoName_;
+    std::u16string redoName_;
+    bool namesKnown_ = false; // until records change
 };
 
 } // namespace hourwright::desktop

@@ -3,6 +3,7 @@
 namespace hourwright::desktop {
 
 void addAllCommands(MainWindow& window) {
+    addHistoryCommands(window);
     addViewCommands(window);
     addEntryCommands(window);
 }

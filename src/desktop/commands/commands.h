@@ -7,6 +7,7 @@ class MainWindow;
 /// Fills in what the commands of the main window do; one function for each group, in the file of its name.
 void addAllCommands(MainWindow& window);
 
+void addHistoryCommands(MainWindow& window);
 void addViewCommands(MainWindow& window);
 void addEntryCommands(MainWindow& window);
 

@@ -4,6 +4,7 @@ namespace hourwright::desktop {
 
 std::vector<Screen> allScreens() {
     std::vector<Screen> screens;
+    addHistoryScreens(screens);
     addMainScreens(screens);
     addEditorScreens(screens);
     return screens;

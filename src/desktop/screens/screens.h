@@ -21,6 +21,7 @@ struct Screen {
 /// All pictures; each function adds those of its group, in the file of its name.
 [[nodiscard]] std::vector<Screen> allScreens();
 
+void addHistoryScreens(std::vector<Screen>& screens);
 void addMainScreens(std::vector<Screen>& screens);
 void addEditorScreens(std::vector<Screen>& screens);
 
