@@ -32,7 +32,8 @@ constexpr Adapter sqlite{"SQLite", "platform/sqlite/"};
 constexpr Adapter icu{"ICU", "platform/icu/"};
 constexpr Adapter posix{"the system", "platform/posix/"};
 constexpr Adapter qt{"Qt", "platform/qt/"};
-constexpr std::array adapters = {sqlite, icu, posix, qt};
+constexpr Adapter opus{"Opus", "platform/opus/"};
+constexpr std::array adapters = {sqlite, icu, posix, qt, opus};
 
 const Floor* floorOf(std::string_view path) {
     const auto name = path.substr(0, path.find('/'));
@@ -47,6 +48,8 @@ const Adapter* libraryOf(std::string_view header) {
         return &sqlite;
     if (header.starts_with("unicode/"))
         return &icu;
+    if (header.starts_with("opus/"))
+        return &opus;
     if (header.size() > 1 && header[0] == 'Q' && std::isalpha(static_cast<unsigned char>(header[1])) != 0)
         return &qt;
     return header.find_first_of("./") == std::string_view::npos ? nullptr : &posix;

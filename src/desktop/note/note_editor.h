@@ -2,6 +2,8 @@
 
 #include "billing/entry_draft.h"
 #include "desktop/workspace.h"
+#include "exchange/note_document.h"
+#include "platform/voice.h"
 #include "resources/text.h"
 
 #include <QTextCharFormat>
@@ -11,13 +13,16 @@
 #include <span>
 #include <vector>
 
-class QHBoxLayout;
+class QBoxLayout;
 class QLabel;
+class QPushButton;
 class QToolButton;
 
 namespace hourwright::desktop {
 
+class InkDialog;
 class NoteTextEdit;
+class NoteVoice;
 
 /// Shows and edits the note of a time entry: text with simple formats, drawings and recordings. A note that was not
 /// changed keeps its bytes, and one of unknown format cannot be changed.
@@ -30,6 +35,16 @@ public:
     /// Shows a stored note; it counts as unchanged.
     void setNote(std::span<const std::byte> blob);
 
+    /// Records and plays with these devices in the place of the desktop's own.
+    void useVoice(platform::VoiceDevices devices);
+
+    /// Opens the ink pad on the drawing at a position of the text; -1: on a new one, which goes to the cursor.
+    InkDialog* openInkPad(int position = -1);
+    /// Lets the user edit the note in the word processor, and takes over what he saved there.
+    void editInWordProcessor();
+    /// Opens the drawing or plays the recording at the cursor.
+    void openAtCursor();
+
     /// The note as it is to be stored; nothing when it was not changed. A note without content has no bytes.
     [[nodiscard]] std::optional<billing::NoteDraft> note() const;
 
@@ -37,8 +52,18 @@ signals:
     /// The note was changed in any way.
     void changed();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
     void buildFormatButtons();
+    void buildObjectButtons();
+    void buildFileButtons(QBoxLayout& row);
+    void open(int position);
+    void insertAtCursor(const exchange::NoteItem& item);
+    void takeOver(std::span<const std::byte> edited);
+    [[nodiscard]] exchange::NoteDocument shown() const;
     QToolButton* addButton(const char* iconName, const resources::Text& text, const QKeySequence& key);
     void toggleFormat(void (*apply)(QTextCharFormat& format, bool on), bool on);
     void showFormat();
@@ -47,11 +72,14 @@ private:
     Workspace& workspace_;
     NoteTextEdit* text_;
     QLabel* foreign_;
-    QHBoxLayout* row_;
+    QBoxLayout* row_;
     QToolButton* bold_ = nullptr;
     QToolButton* italic_ = nullptr;
     QToolButton* underline_ = nullptr;
     QToolButton* bullets_ = nullptr;
+    QToolButton* draw_ = nullptr;
+    QPushButton* edit_ = nullptr;
+    NoteVoice* voice_ = nullptr;
     std::vector<std::byte> stored_;
     std::uint16_t codePage_ = 1252;
 };

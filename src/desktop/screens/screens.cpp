@@ -7,6 +7,7 @@ std::vector<Screen> allScreens() {
     addHistoryScreens(screens);
     addMainScreens(screens);
     addEditorScreens(screens);
+    addNoteScreens(screens);
     return screens;
 }
 

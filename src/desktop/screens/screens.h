@@ -24,5 +24,6 @@ struct Screen {
 void addHistoryScreens(std::vector<Screen>& screens);
 void addMainScreens(std::vector<Screen>& screens);
 void addEditorScreens(std::vector<Screen>& screens);
+void addNoteScreens(std::vector<Screen>& screens);
 
 } // namespace hourwright::desktop

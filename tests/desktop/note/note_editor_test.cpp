@@ -1,6 +1,9 @@
 #include "desktop/note/note_editor.h"
 
 #include "desktop/desktop_fixture.h"
+#include "desktop/note/export_note.h"
+#include "desktop/note/ink_dialog.h"
+#include "desktop/note/ink_pad.h"
 #include "desktop/note/note_text_edit.h"
 #include "exchange/note_bytes.h"
 #include "exchange/note_document.h"
@@ -8,6 +11,8 @@
 #include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolButton>
+#include <fstream>
 
 namespace hourwright::desktop {
 namespace {
@@ -17,20 +22,63 @@ using exchange::charsOf;
 using exchange::NoteDocument;
 using exchange::TextRun;
 
+struct FakeSound {
+    bool microphone = true;
+    std::uint32_t milliseconds = 0;
+    std::string played;
+};
+
+class FakeRecorder : public platform::VoiceRecorder {
+public:
+    explicit FakeRecorder(FakeSound& sound) : sound_(sound) {}
+    [[nodiscard]] bool available() const override { return sound_.microphone; }
+    bool start() override { return sound_.microphone; }
+    [[nodiscard]] std::uint32_t milliseconds() const override { return sound_.milliseconds; }
+    std::optional<platform::VoiceRecording> stop() override {
+        return platform::VoiceRecording{"audio/ogg", sound_.milliseconds, {std::byte{1}, std::byte{2}}};
+    }
+
+private:
+    FakeSound& sound_;
+};
+
+class FakePlayer : public platform::VoicePlayer {
+public:
+    explicit FakePlayer(FakeSound& sound) : sound_(sound) {}
+    bool play(std::string_view format, std::span<const std::byte> data) override {
+        sound_.played = std::string(format) + ' ' + std::to_string(data.size());
+        return data.size() > 1;
+    }
+    void stop() override {}
+    [[nodiscard]] bool playing() const override { return false; }
+
+private:
+    FakeSound& sound_;
+};
+
 class NoteEditorTest : public test::DesktopFixture {
 protected:
     NoteEditorTest() : editor_(workspace()), text_(editor_.findChild<NoteTextEdit*>()) {
+        use();
         editor_.show();
         editor_.activateWindow();
         static_cast<void>(QTest::qWaitForWindowActive(&editor_));
         text_->setFocus();
     }
 
+    void use() { editor_.useVoice({std::make_unique<FakeRecorder>(sound_), std::make_unique<FakePlayer>(sound_)}); }
+    [[nodiscard]] QToolButton* button(const QString& name) const {
+        for (auto* const found : editor_.findChildren<QToolButton*>())
+            if (found->accessibleName() == name)
+                return found;
+        return nullptr;
+    }
     void show(std::string_view rtf) { editor_.setNote(bytesOf(rtf)); }
     [[nodiscard]] NoteDocument shown() const {
         return exchange::readNote(editor_.note().value_or(billing::NoteDraft{}).blob).value_or(NoteDocument{});
     }
 
+    FakeSound sound_;
     NoteEditor editor_;
     NoteTextEdit* text_;
 };
@@ -125,6 +173,100 @@ TEST_F(NoteEditorTest, PastesOnlyWhatANoteCanHold) {
         });
         EXPECT_EQ(shown(), c.note) << c.type << '\n' << charsOf(exchange::writeNote(shown()));
     }
+}
+
+class NoteObjectsTest : public NoteEditorTest {
+protected:
+    [[nodiscard]] std::vector<exchange::NoteItem> items() const {
+        const NoteDocument note = shown();
+        return note.paragraphs.empty() ? std::vector<exchange::NoteItem>{} : note.paragraphs[0].items;
+    }
+    void drawLine(InkDialog& dialog) {
+        auto* pad = dialog.findChild<InkPad*>();
+        QTest::mousePress(pad, Qt::LeftButton, {}, {20, 20});
+        QTest::mouseMove(pad, {60, 30});
+        QTest::mouseRelease(pad, Qt::LeftButton, {}, {60, 30});
+        dialog.accept();
+    }
+};
+
+TEST_F(NoteObjectsTest, DrawsIntoTheNoteAndOpensTheDrawingAgain) {
+    show("{\\rtf1 a\\par}");
+    QTest::keyClick(text_, Qt::Key_End);
+    drawLine(*editor_.openInkPad());
+    ASSERT_EQ(items().size(), 2U);
+    const auto first = std::get<exchange::InkDrawing>(items()[1]);
+    EXPECT_EQ(first.strokes.size(), 1U);
+    EXPECT_EQ(first.strokes[0].points.size(), 2U);
+    EXPECT_TRUE(first.picture);
+
+    QTest::keyClick(text_, Qt::Key_Return, Qt::ControlModifier);
+    auto* again = editor_.findChildren<InkDialog*>().constLast();
+    ASSERT_NE(again, nullptr);
+    drawLine(*again);
+    ASSERT_EQ(items().size(), 2U);
+    EXPECT_EQ(std::get<exchange::InkDrawing>(items()[1]).strokes.size(), 2U);
+
+    QTest::keyClick(text_, Qt::Key_Backspace);
+    EXPECT_EQ(items().size(), 1U);
+    QTest::keyClick(text_, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(std::get<exchange::InkDrawing>(items()[1]).strokes.size(), 2U);
+}
+
+TEST_F(NoteObjectsTest, AnEmptyDrawingIsNone) {
+    show("");
+    editor_.openInkPad()->accept();
+    EXPECT_EQ(editor_.note(), std::nullopt);
+}
+
+TEST_F(NoteObjectsTest, RecordsAndPlays) {
+    show("");
+    button("Record Voice")->click();
+    sound_.milliseconds = 1500;
+    button("Stop Recording")->click();
+    const exchange::VoiceClip clip{"audio/ogg", 1500, {std::byte{1}, std::byte{2}}};
+    EXPECT_EQ(items(), std::vector<exchange::NoteItem>{clip});
+    editor_.openAtCursor();
+    EXPECT_EQ(sound_.played, "audio/ogg 2");
+    EXPECT_TRUE(messages().shown.empty());
+}
+
+TEST_F(NoteObjectsTest, ARecordingEndsWhenTheNoteIsFull) {
+    show(std::string(64'000, 'a'));
+    button("Record Voice")->click();
+    sound_.milliseconds = 2000;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return editor_.note().has_value(); }));
+    EXPECT_EQ(items().size(), 2U);
+}
+
+TEST_F(NoteObjectsTest, SaysThatThereIsNoMicrophone) {
+    sound_.microphone = false;
+    use();
+    const auto* record = button("Record Voice");
+    EXPECT_FALSE(record->isEnabled());
+    EXPECT_EQ(record->toolTip(), "There is no microphone, so nothing can be recorded.");
+    EXPECT_EQ(record->accessibleDescription(), record->toolTip());
+}
+
+TEST_F(NoteObjectsTest, TakesOverWhatTheWordProcessorSaved) {
+    show("{\\rtf1 old{\\*\\hwvoice1 00 00}\\par}");
+    editor_.editInWordProcessor();
+    EXPECT_EQ(editor_.note(), std::nullopt);
+    ASSERT_EQ(shell().opened.size(), 1U);
+    EXPECT_EQ(shell().opened[0].parent_path(), home() / "note");
+    EXPECT_FALSE(std::filesystem::exists(home() / "note"));
+}
+
+TEST_F(NoteObjectsTest, ExportsWhatIsShown) {
+    show("{\\rtf1 old\\par}");
+    const auto path = home() / "note.txt";
+    ASSERT_TRUE(saveNoteAs(workspace(), bytesOf("{\\rtf1 \\u228?b\\par}"), 4, path));
+    std::ifstream file(path, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(file), {}), "\xE4"
+                                                                     "b");
+    EXPECT_FALSE(saveNoteAs(workspace(), {}, 1, home() / "missing" / "note.pwi"));
+    ASSERT_EQ(messages().ids(), std::vector{resources::StringId::exportNoteFailed});
+    EXPECT_EQ(messages().shown[0].icon, platform::Icon::stop);
 }
 
 } // namespace
