@@ -29,11 +29,17 @@ std::uint16_t asCodePage(std::int32_t number) {
     return number > 0 && number <= 0xFFFF ? static_cast<std::uint16_t>(number) : std::uint16_t{1252};
 }
 
+// Some word processors indent what they write out of a list with a blank.
+std::u16string_view withoutLeadingBlanks(std::u16string_view text) {
+    return text.substr(std::min(text.find_first_not_of(u' '), text.size()));
+}
+
 // A bullet is written out as one character that is no digit and no letter (but Courier New's "o"), then blanks. Numbers
 // stay text.
 bool isBullet(std::u16string_view text) {
     while (!text.empty() && (text.back() == u'\t' || text.back() == u' '))
         text.remove_suffix(1);
+    text = withoutLeadingBlanks(text);
     if (text.size() != 1)
         return false;
     const char16_t c = text.front();
@@ -371,7 +377,7 @@ void RtfReader::finishListText() {
     if (isBullet(listText_))
         bulletWritten_ = true;
     else if (!listText_.empty())
-        *target() += listText_;
+        *target() += withoutLeadingBlanks(listText_);
     listText_.clear();
 }
 

@@ -197,5 +197,22 @@ TEST(NoteDocumentFormats, OfAWordProcessor) {
         EXPECT_EQ(note->paragraphs[i].bullet, bullets[i]) << i;
 }
 
+// This program's own note after a word processor has opened and saved it.
+TEST(NoteDocumentFormats, BackFromAWordProcessor) {
+    const auto note = readNote(bytesOf(contentOf(HOURWRIGHT_TEST_DATA "/notes/libreoffice_returned.rtf")));
+    ASSERT_TRUE(note);
+    const CharacterFormat bold{.bold = true};
+    const CharacterFormat italic{.italic = true};
+    const CharacterFormat hidden{.hidden = true};
+    const std::vector<NoteParagraph> expected{
+        {false, {TextRun{u"Agenda", bold}}},
+        {true, {TextRun{u"one", {}}}},
+        {true, {TextRun{u"two ", {}}, TextRun{u"x", italic}}},
+        {false, {TextRun{u"end \U0001F600\u65E5", {}}, TextRun{u"hid", hidden}}},
+        {false, {}},
+    };
+    EXPECT_EQ(note->paragraphs, expected);
+}
+
 } // namespace
 } // namespace hourwright::exchange
