@@ -69,4 +69,13 @@ void changeClient(EntryDraft& draft, const ClientTree* former, const ClientTree*
     clearUnlessOffered(draft.billTo, old.contacts, offered.contacts);
 }
 
+void changeClient(ExpenseDraft& draft, const ClientTree* former, const ClientTree* client) {
+    if (!former)
+        return;
+    const ClientChoices old = choicesOf(former, {});
+    const ClientChoices offered = choicesOf(client, {});
+    clearUnlessOffered(draft.project, old.projects, offered.projects);
+    clearUnlessOffered(draft.billTo, old.contacts, offered.contacts);
+}
+
 } // namespace hourwright::billing

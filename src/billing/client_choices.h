@@ -1,6 +1,7 @@
 #pragma once
 
 #include "billing/entry_draft.h"
+#include "billing/expense_draft.h"
 #include "store/client_tree.h"
 
 #include <string>
@@ -26,5 +27,6 @@ struct ClientChoices {
 /// unless the new client offers them too. What was typed freely stays. Only texts in the draft are looked at; the
 /// client's name in it is the caller's business.
 void changeClient(EntryDraft& draft, const store::ClientTree* former, const store::ClientTree* client);
+void changeClient(ExpenseDraft& draft, const store::ClientTree* former, const store::ClientTree* client);
 
 } // namespace hourwright::billing

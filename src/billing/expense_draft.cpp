@@ -148,6 +148,15 @@ constexpr std::array<Refusal (*)(Work&), 8> steps{
     takeDate, takeFirstTexts, takeCategory, takeOdometer, takeAmount, takeChoices, takeOtherTexts, takeNote,
 };
 
+template<typename Visit>
+void forEachField(Visit visit) {
+    const auto visitAll = [&](auto... fields) { (visit(fields), ...); };
+    visitAll(&ExpenseDraft::date, &ExpenseDraft::client, &ExpenseDraft::project, &ExpenseDraft::description,
+             &ExpenseDraft::category, &ExpenseDraft::startOdometer, &ExpenseDraft::distance, &ExpenseDraft::amount,
+             &ExpenseDraft::currency, &ExpenseDraft::status, &ExpenseDraft::receipt, &ExpenseDraft::paidDate,
+             &ExpenseDraft::billTo, &ExpenseDraft::custom1, &ExpenseDraft::custom2, &ExpenseDraft::note);
+}
+
 std::u16string hundredthsText(std::uint32_t stored, bool isNew) {
     std::u16string text;
     if (stored != 0 || !isNew)
@@ -187,14 +196,21 @@ ExpenseDraft draftOf(const ExpenseEntry& expense) {
 }
 
 ExpenseDraft touchedOnly(ExpenseDraft draft, const ExpenseDraft& opened) {
-    const auto dropEqual = [&](auto... members) {
-        ((draft.*members == opened.*members ? (draft.*members).reset() : void()), ...);
-    };
-    dropEqual(&ExpenseDraft::date, &ExpenseDraft::client, &ExpenseDraft::project, &ExpenseDraft::description,
-              &ExpenseDraft::category, &ExpenseDraft::startOdometer, &ExpenseDraft::distance, &ExpenseDraft::amount,
-              &ExpenseDraft::currency, &ExpenseDraft::status, &ExpenseDraft::receipt, &ExpenseDraft::paidDate,
-              &ExpenseDraft::billTo, &ExpenseDraft::custom1, &ExpenseDraft::custom2, &ExpenseDraft::note);
+    forEachField([&](auto field) {
+        if (draft.*field == opened.*field)
+            (draft.*field).reset();
+    });
     return draft;
+}
+
+bool collides(const ExpenseDraft& touched, const ExpenseEntry& opened, const ExpenseEntry& stored) {
+    const ExpenseDraft before = draftOf(opened);
+    const ExpenseDraft now = draftOf(stored);
+    bool found = false;
+    forEachField([&](auto field) {
+        found = found || (touched.*field && now.*field != before.*field && now.*field != touched.*field);
+    });
+    return found;
 }
 
 std::optional<ExpenseRefusal> applyDraft(const ExpenseDraft& draft, ExpenseEntry& expense) {

@@ -26,8 +26,17 @@ struct NewEntryDefaults {
 void placeEntry(store::TimeEntry& entry, const platform::SystemTime& day,
                 const std::optional<platform::SystemTime>& start, std::optional<int> minutes, const TimeRules& rules);
 
-/// A new expense, dated today.
+/// A new expense, dated today. A mileage expense goes on where the last one ended, at its rate, unless that reading
+/// passes the largest one.
 [[nodiscard]] store::ExpenseEntry newExpense(store::ExpenseType type, const NewEntryDefaults& defaults,
-                                             const platform::SystemTime& today);
+                                             const platform::SystemTime& today,
+                                             const store::ExpenseEntry* lastMileage = nullptr);
+
+/// A copy of an expense as a new one of today. It has not been billed or paid yet, whatever the original was.
+[[nodiscard]] store::ExpenseEntry copyOf(const store::ExpenseEntry& expense, const platform::SystemTime& today);
+
+/// The mileage expense of the latest date, of several the one that ended at the highest reading. Nothing when there is
+/// none or the store could not be read.
+[[nodiscard]] std::optional<store::ExpenseEntry> lastMileage(store::RecordStore& expenses);
 
 } // namespace hourwright::billing

@@ -47,13 +47,21 @@ Deletion resultOf(bool deleted) {
 
 } // namespace
 
+bool askToDelete(platform::MessageBox& messages, const StructureNode& node) {
+    const auto question = std::visit(Question{}, node);
+    return !question || messages.ask(*question);
+}
+
+bool deleteNode(Transaction& transaction, Stores& stores, const StructureNode& node) {
+    return std::visit(Deleter{transaction, stores}, node);
+}
+
 Deletion deleteNode(Stores& stores, platform::MessageBox& messages, const StructureNode& node,
                     const platform::ChangeLabel& label) {
-    const auto question = std::visit(Question{}, node);
-    if (question && !messages.ask(*question))
+    if (!askToDelete(messages, node))
         return Deletion::declined;
     const auto transaction = stores.objects().begin(label);
-    return resultOf(transaction && std::visit(Deleter{*transaction, stores}, node) && transaction->commit());
+    return resultOf(transaction && deleteNode(*transaction, stores, node) && transaction->commit());
 }
 
 Deletion askAndWipeAll(Stores& stores, platform::MessageBox& messages,

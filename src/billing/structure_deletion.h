@@ -41,6 +41,11 @@ using StructureNode = std::variant<ClientNode, ProjectNode, ProjectTaskNode, Tas
 [[nodiscard]] Deletion deleteNode(store::Stores& stores, platform::MessageBox& messages, const StructureNode& node,
                                   const platform::ChangeLabel& label = {});
 
+/// The two halves of it, for callers that have a transaction of their own: the question (true for Yes, or when there is
+/// none), and the deletion (false when it failed).
+[[nodiscard]] bool askToDelete(platform::MessageBox& messages, const StructureNode& node);
+[[nodiscard]] bool deleteNode(platform::Transaction& transaction, store::Stores& stores, const StructureNode& node);
+
 /// Asks, then wipes all data, or the client structure with or without the rates.
 [[nodiscard]] Deletion askAndWipeAll(store::Stores& stores, platform::MessageBox& messages,
                                      const store::NotificationRequest* entryNotification = nullptr);

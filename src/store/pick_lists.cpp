@@ -66,6 +66,18 @@ bool addToPickList(platform::Transaction& transaction, Stores& stores, PickList 
     return stores.lists().write(transaction, RecordId::none, properties) != RecordId::none;
 }
 
+bool removeFromPickList(platform::Transaction& transaction, Stores& stores, PickList list, std::u16string_view text) {
+    RecordStore& lists = stores.lists();
+    RecordId found = RecordId::none;
+    forEachText(stores, list, [&](std::u16string_view item) {
+        if (item == text)
+            found = lists.current();
+        return found == RecordId::none;
+    });
+    return found == RecordId::none ||
+           (lists.seek(Seek::toId(found)) != RecordId::none && lists.deleteCurrent(transaction));
+}
+
 bool learnPickLists(platform::Transaction& transaction, Stores& stores, const TimeEntry& entry) {
     const std::array texts = {ListText{PickList::phases, entry.phase}, ListText{PickList::currencies, entry.currency},
                               ListText{PickList::custom1, entry.custom1}, ListText{PickList::custom2, entry.custom2},

@@ -29,6 +29,10 @@ enum class PickList : std::uint16_t {
 [[nodiscard]] bool addToPickList(platform::Transaction& transaction, Stores& stores, PickList list,
                                  std::u16string_view text);
 
+/// Takes a text out of its list; finding none is a success. Records that have the text keep it.
+[[nodiscard]] bool removeFromPickList(platform::Transaction& transaction, Stores& stores, PickList list,
+                                      std::u16string_view text);
+
 /// Adds a saved entry's or expense's texts to their lists.
 [[nodiscard]] bool learnPickLists(platform::Transaction& transaction, Stores& stores, const TimeEntry& entry);
 [[nodiscard]] bool learnPickLists(platform::Transaction& transaction, Stores& stores, const ExpenseEntry& expense);

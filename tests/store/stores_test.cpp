@@ -182,6 +182,12 @@ TEST_F(StoresTest, SavingFeedsThePickListsOnce) {
         EXPECT_TRUE(addToPickList(transaction, stores(), PickList::phases, u""));
     });
     EXPECT_EQ(pickListTexts(stores(), PickList::phases), (std::vector<std::u16string>{u"Survey", u"survey"}));
+    change([&](auto& transaction) {
+        EXPECT_TRUE(removeFromPickList(transaction, stores(), PickList::phases, u"Survey"));
+        EXPECT_TRUE(removeFromPickList(transaction, stores(), PickList::phases, u"Ferry")); // another list's
+    });
+    EXPECT_EQ(pickListTexts(stores(), PickList::phases), std::vector<std::u16string>{u"survey"});
+    EXPECT_EQ(pickListTexts(stores(), PickList::descriptions), std::vector<std::u16string>{u"Ferry"});
 }
 
 TEST_F(StoresTest, WalkTakesWhatIsLaterThanItsStartUpToItsEnd) {
