@@ -6,6 +6,8 @@ void addAllCommands(MainWindow& window) {
     addHistoryCommands(window);
     addViewCommands(window);
     addEntryCommands(window);
+    addSetupCommands(window);
+    addExpenseCommands(window);
 }
 
 } // namespace hourwright::desktop

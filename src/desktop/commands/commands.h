@@ -10,5 +10,7 @@ void addAllCommands(MainWindow& window);
 void addHistoryCommands(MainWindow& window);
 void addViewCommands(MainWindow& window);
 void addEntryCommands(MainWindow& window);
+void addSetupCommands(MainWindow& window);
+void addExpenseCommands(MainWindow& window);
 
 } // namespace hourwright::desktop

@@ -8,6 +8,8 @@ std::vector<Screen> allScreens() {
     addMainScreens(screens);
     addEditorScreens(screens);
     addNoteScreens(screens);
+    addStructureScreens(screens);
+    addExpenseScreens(screens);
     return screens;
 }
 

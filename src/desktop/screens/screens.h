@@ -25,5 +25,7 @@ void addHistoryScreens(std::vector<Screen>& screens);
 void addMainScreens(std::vector<Screen>& screens);
 void addEditorScreens(std::vector<Screen>& screens);
 void addNoteScreens(std::vector<Screen>& screens);
+void addStructureScreens(std::vector<Screen>& screens);
+void addExpenseScreens(std::vector<Screen>& screens);
 
 } // namespace hourwright::desktop

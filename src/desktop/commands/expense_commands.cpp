@@ -1,0 +1,73 @@
+#include "app/settings_rules.h"
+#include "billing/new_entry.h"
+#include "desktop/commands/commands.h"
+#include "desktop/expenses/expense_dialog.h"
+#include "desktop/main_window.h"
+
+#include <array>
+
+namespace hourwright::desktop {
+
+namespace {
+
+using store::ExpenseEntry;
+using store::ExpenseType;
+
+// Goes to where the expense can be seen and selects it.
+void reveal(MainWindow& window, const ExpenseEntry& expense) {
+    auto& view = window.workspace().view();
+    view.showRecords(app::RecordKind::expenses);
+    const bool inPeriod = expense.date >= view.period().start() && expense.date <= view.period().end();
+    if (const auto day = platform::toSystemTime(expense.date); !inPeriod && day)
+        view.setDate(*day);
+    window.showView();
+    window.select(std::array{expense.id});
+}
+
+void create(MainWindow& window, const ExpenseEntry& expense) {
+    ExpenseDialog dialog(window.workspace(), expense, &window);
+    if (dialog.exec() == QDialog::Accepted)
+        reveal(window, dialog.expense());
+}
+
+void createNew(MainWindow& window, ExpenseType type, const platform::SystemTime& day) {
+    auto& workspace = window.workspace();
+    const auto last = type == ExpenseType::mileage ? billing::lastMileage(workspace.stores().expenses()) : std::nullopt;
+    create(window,
+           billing::newExpense(type, app::newEntryDefaults(workspace.settings()), day, last ? &*last : nullptr));
+}
+
+// The expense with this id; nothing, with the failure shown, when it cannot be read. One that is gone is no failure.
+std::optional<ExpenseEntry> find(Workspace& workspace, store::RecordId id) {
+    auto expense = readExpense(workspace.stores(), id);
+    if (!expense)
+        workspace.showStoreError();
+    return expense && expense->id != store::RecordId::none ? expense : std::nullopt;
+}
+
+} // namespace
+
+void addExpenseCommands(MainWindow& window) {
+    const auto today = [&window] { return window.workspace().clock().localTime(); };
+    window.expenseEditing.openNew = [&window](const EntrySeed& seed) {
+        createNew(window, ExpenseType::general, seed.day);
+    };
+    window.commands().set(app::Command::newGeneralExpense,
+                          [&window, today] { createNew(window, ExpenseType::general, today()); });
+    window.commands().set(app::Command::newMileageExpense,
+                          [&window, today] { createNew(window, ExpenseType::mileage, today()); });
+    window.expenseEditing.edit = [&window](store::RecordId id) {
+        const auto expense = find(window.workspace(), id);
+        if (!expense)
+            return;
+        ExpenseDialog dialog(window.workspace(), *expense, &window);
+        if (dialog.exec() == QDialog::Accepted)
+            window.select(std::array{dialog.expense().id});
+    };
+    window.expenseEditing.createCopy = [&window](store::RecordId id) {
+        if (const auto expense = find(window.workspace(), id))
+            create(window, billing::copyOf(*expense, window.workspace().clock().localTime()));
+    };
+}
+
+} // namespace hourwright::desktop

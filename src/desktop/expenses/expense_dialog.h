@@ -1,0 +1,36 @@
+#pragma once
+
+#include "desktop/dialog.h"
+#include "store/expense_entry.h"
+
+namespace hourwright::desktop {
+
+class ExpenseForm;
+
+/// Edits one expense, general or mileage; one without id is new. OK stores it. What somebody else has changed
+/// meanwhile is kept, and the user asked where both have changed the same.
+class ExpenseDialog : public Dialog {
+    Q_OBJECT
+
+public:
+    ExpenseDialog(Workspace& workspace, store::ExpenseEntry expense, QWidget* parent);
+
+    /// The expense as it was stored, after OK.
+    [[nodiscard]] const store::ExpenseEntry& expense() const { return expense_; }
+
+    void accept() override;
+    void reject() override;
+
+private:
+    [[nodiscard]] bool check();
+    [[nodiscard]] bool agreeWithStore();
+    [[nodiscard]] bool write(platform::Transaction& transaction);
+
+    store::ExpenseEntry expense_; ///< as it opened
+    ExpenseForm* form_;
+};
+
+/// The expense with this id; without id when there is none, nothing when it could not be read.
+[[nodiscard]] std::optional<store::ExpenseEntry> readExpense(store::Stores& stores, store::RecordId id);
+
+} // namespace hourwright::desktop
