@@ -4,6 +4,7 @@ namespace hourwright::desktop {
 
 void addAllCommands(MainWindow& window) {
     addHistoryCommands(window);
+    addListCommands(window);
     addViewCommands(window);
     addEntryCommands(window);
     addSetupCommands(window);

@@ -8,6 +8,7 @@ class MainWindow;
 void addAllCommands(MainWindow& window);
 
 void addHistoryCommands(MainWindow& window);
+void addListCommands(MainWindow& window);
 void addViewCommands(MainWindow& window);
 void addEntryCommands(MainWindow& window);
 void addSetupCommands(MainWindow& window);
