@@ -8,6 +8,7 @@ namespace hourwright::desktop {
 void addListCommands(MainWindow& window) {
     auto* bar = new FindBar(window);
     window.addToolBar(Qt::BottomToolBarArea, bar);
+    window.addToolBarBreak(Qt::BottomToolBarArea);
     bar->hide();
     window.commands().set(app::Command::find, [bar] { bar->open(); });
     window.commands().set(app::Command::customize,

@@ -6,7 +6,9 @@
 #include "platform/qt/qt_text.h"
 #include "resources/texts/lists.h"
 
+#include <QApplication>
 #include <QEvent>
+#include <QFontDatabase>
 #include <QHeaderView>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -29,6 +31,11 @@ constexpr int saveDelay = 400; // milliseconds
 
 QFont fontOf(const app::FontDescription& description) {
     QFont font(toQString(description.face));
+    // The columns' widths are made for a narrow face.
+    if (!QFontDatabase::hasFamily(font.family())) {
+        font.setFamilies(QApplication::font().families());
+        font.setStretch(QFont::SemiCondensed);
+    }
     font.setPointSizeF(description.tenthsOfPoint / 10.0);
     font.setBold(description.weight >= 700);
     return font;
@@ -47,7 +54,6 @@ ListView::ListView(Workspace& workspace, app::ListStyle style, QWidget* parent)
     setFocusProxy(tree_);
     tree_->setAccessibleName(toQString(resources::lists::listName));
     tree_->setItemDelegate(delegate_);
-    tree_->setRootIsDecorated(style == app::ListStyle::tree);
     tree_->setItemsExpandable(style == app::ListStyle::tree);
     tree_->setTreePosition(-1);
     setUpHeader();
@@ -75,6 +81,7 @@ void ListView::setUpHeader() {
     header->setSectionsClickable(true);
     header->setHighlightSections(false);
     header->setMinimumSectionSize(16);
+    header->setTextElideMode(Qt::ElideRight);
     connect(header, &QHeaderView::sectionMoved, this, &ListView::layoutChanged);
     connect(header, &QHeaderView::sectionResized, this, &ListView::layoutChanged);
     connect(header, &QHeaderView::sectionClicked, this, &ListView::arrangeByColumn);
@@ -161,13 +168,15 @@ void ListView::applyLook() {
     tree_->setFont(fontOf(workspace_.settings().createListFont(0, false)));
     delegate_->forgetIcons();
     QHeaderView* header = tree_->header();
-    header->setFont(font());
+    QFont titles = tree_->font();
+    titles.setBold(false);
+    header->setFont(titles);
     int sorted = -1;
     for (std::size_t column = 0; style_ != app::ListStyle::simple && column < model_->rows()->columnCount(); ++column)
         if (app::arrangementOf(model_->records(), model_->rows()->column(column).name) ==
             workspace_.view().arrangedBy())
             sorted = static_cast<int>(column);
-    header->setSortIndicatorShown(sorted >= 0);
+    header->setSortIndicatorShown(sorted >= 0 && workspace_.view().arrangedBy() != 0);
     header->setSortIndicator(sorted, Qt::AscendingOrder);
 }
 

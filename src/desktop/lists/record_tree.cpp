@@ -15,6 +15,8 @@ namespace hourwright::desktop {
 
 namespace {
 
+constexpr int arrowWidth = 18;
+
 bool isFinger(const QMouseEvent& event) {
     return isHandheld() || event.pointingDevice()->type() == QInputDevice::DeviceType::TouchScreen;
 }
@@ -32,6 +34,9 @@ RecordTree::RecordTree(Workspace& workspace, RecordModel& model, QWidget* parent
     setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setExpandsOnDoubleClick(false);
+    // Rows of groups are painted here and differ enough without an indentation, which would take room of the columns.
+    setRootIsDecorated(false);
+    setIndentation(0);
     setFrameShape(QFrame::NoFrame);
     viewport()->grabGesture(Qt::TapAndHoldGesture);
     QScroller::grabGesture(viewport(), QScroller::TouchGesture);
@@ -56,17 +61,17 @@ void RecordTree::drawGroup(QPainter& painter, const QStyleOptionViewItem& option
     painter.setPen(palette().color(selected ? QPalette::HighlightedText : QPalette::Text));
     QStyleOption branch;
     branch.initFrom(this);
-    branch.rect = QRect(4, row.rect.top(), indentation(), row.rect.height());
+    branch.rect = QRect(4, row.rect.top(), arrowWidth, row.rect.height());
     branch.state |= QStyle::State_Children | (isExpanded(index) ? QStyle::State_Open : QStyle::State_None);
     style()->drawPrimitive(isExpanded(index) ? QStyle::PE_IndicatorArrowDown : QStyle::PE_IndicatorArrowRight, &branch,
                            &painter, this);
     QFont font = this->font();
     font.setBold(true);
     painter.setFont(font);
-    const QRect area = row.rect.adjusted(indentation() + 6, 0, -8, 0);
+    const QRect area = row.rect.adjusted(arrowWidth + 6, 0, -8, 0);
     const QString totals = model_.groupTotals(group);
     const QFontMetrics metrics = painter.fontMetrics();
-    const int titleWidth = std::min(metrics.horizontalAdvance(model_.groupTitle(group)), area.width() / 2);
+    const int titleWidth = std::min(metrics.horizontalAdvance(model_.groupTitle(group)) + 4, area.width() / 2);
     painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                      metrics.elidedText(model_.groupTitle(group), Qt::ElideRight, titleWidth));
     const QRect rest = area.adjusted(titleWidth + 12, 0, 0, 0);
@@ -106,12 +111,12 @@ void RecordTree::mouseReleaseEvent(QMouseEvent* event) {
     const QModelIndex index = indexAt(event->position().toPoint());
     if (event->button() != Qt::LeftButton || !index.isValid() || event->modifiers() != Qt::NoModifier)
         return;
-    if (!isFinger(*event))
-        return;
-    if (model_.group(index) == nullptr)
+    if (model_.group(index) != nullptr) {
+        if (isFinger(*event) || event->position().x() < arrowWidth + 4)
+            setExpanded(index, !isExpanded(index));
+    } else if (isFinger(*event)) {
         tapped(index, event->globalPosition().toPoint());
-    else if (event->position().x() > indentation()) // before it, the view itself does so
-        setExpanded(index, !isExpanded(index));
+    }
 }
 
 void RecordTree::tapped(const QModelIndex& index, QPoint globalPosition) {
