@@ -13,6 +13,7 @@ constexpr std::chrono::milliseconds tickPeriod{1000};
 struct Provided {
     const platform::Clock* clock = nullptr;
     platform::SystemTimer* systemTimer = nullptr;
+    std::unique_ptr<TimerSet> set;
 };
 
 Provided& provided() {
@@ -38,13 +39,19 @@ TimerSet::~TimerSet() {
 }
 
 void TimerSet::provide(const platform::Clock& clock, platform::SystemTimer& systemTimer) {
-    provided() = {&clock, &systemTimer};
+    provided() = {&clock, &systemTimer, nullptr};
 }
 
 TimerSet& TimerSet::instance() {
-    assert(provided().clock != nullptr);
-    static TimerSet set(*provided().clock, *provided().systemTimer);
-    return set;
+    Provided& parts = provided();
+    assert(parts.clock != nullptr);
+    if (parts.set == nullptr)
+        parts.set = std::make_unique<TimerSet>(*parts.clock, *parts.systemTimer);
+    return *parts.set;
+}
+
+void TimerSet::shutDown() {
+    provided() = {};
 }
 
 std::optional<std::size_t> TimerSet::firstFree() const {

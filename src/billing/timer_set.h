@@ -39,10 +39,12 @@ public:
     TimerSet(const TimerSet&) = delete;
     TimerSet& operator=(const TimerSet&) = delete;
 
-    /// What the program's one set is made from at its first use; both must outlive the process's use of it.
+    /// What the program's one set is made from at its first use; both must live until `shutDown`.
     static void provide(const platform::Clock& clock, platform::SystemTimer& systemTimer);
     /// The program's one set, made and started at the first call, which must come after `provide`.
     [[nodiscard]] static TimerSet& instance();
+    /// Ends the program's one set, if it was made.
+    static void shutDown();
 
     [[nodiscard]] EntryTimer& slot(std::size_t index) { return slots_[index]; }
     [[nodiscard]] const EntryTimer& slot(std::size_t index) const { return slots_[index]; }

@@ -45,7 +45,10 @@ FrameHost::FrameHost(const app::StartOptions& options, platform::Directories dir
       registry_(platform::openSqliteRegistry(directories_.settingsFile())), locales_(localesOf(options)),
       frame_(*this, *registry_, messages_, device()) {}
 
-FrameHost::~FrameHost() = default;
+FrameHost::~FrameHost() {
+    timers_.reset();
+    billing::TimerSet::shutDown();
+}
 
 bool FrameHost::create(const app::Rectangle& rectangle) {
     if (!frame_.create(rectangle))
@@ -80,15 +83,23 @@ void FrameHost::loadFilters() {
                                                             .files = files_,
                                                             .shell = shell_,
                                                             .directories = directories_,
-                                                            .variable = platform::processEnvironment});
+                                                            .variable = platform::processEnvironment,
+                                                            .fileDialogs = &fileDialogs_});
     watch_ = std::make_unique<ChangeWatch>(*workspace_);
 }
 
 void FrameHost::createViews(const app::Rectangle& rectangle) {
     window_ = std::make_unique<MainWindow>(*workspace_);
+    billing::TimerSet::provide(clock_, tick_);
+    timerJournal_ = platform::openSqliteRegistry(directories_.state / "timers.db");
+    timers_ =
+        std::make_unique<TimerDesk>(*window_, billing::TimerSet::instance(), vibrator_, *timerJournal_, idleTime_);
     window_->mayClose = [this] {
         savePlace(*window_, *registry_);
-        return frame_.close();
+        if (!frame_.close())
+            return false;
+        timers_->control().forget();
+        return true;
     };
     if (!isHandheld() && !restorePlace(*window_, *registry_))
         window_->setGeometry(firstPlace(rectangle));
@@ -100,6 +111,7 @@ void FrameHost::showToday() {
         window_->showMaximized();
     else
         window_->show();
+    timers_->start();
 }
 
 void FrameHost::comeForward() {

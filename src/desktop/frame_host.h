@@ -3,12 +3,17 @@
 #include "app/main_frame.h"
 #include "desktop/change_watch.h"
 #include "desktop/main_window.h"
+#include "desktop/timers/timer_desk.h"
 #include "desktop/workspace.h"
+#include "platform/posix/led_class_vibrator.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/system_clock.h"
+#include "platform/qt/qt_file_dialog.h"
 #include "platform/qt/qt_instance_notifier.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_shell.h"
+#include "platform/qt/qt_system_timer.h"
+#include "platform/qt/session_idle_time.h"
 
 #include <memory>
 
@@ -56,6 +61,7 @@ private:
     platform::SystemClock clock_;
     platform::PosixFiles files_;
     platform::QtShell shell_;
+    platform::QtFileDialog fileDialogs_;
     platform::QtMessageBox messages_;
     app::MainFrame frame_;
     std::unique_ptr<platform::ObjectStore> objects_;
@@ -63,7 +69,12 @@ private:
     std::unique_ptr<store::Stores> stores_;
     std::unique_ptr<Workspace> workspace_;
     std::unique_ptr<ChangeWatch> watch_;
+    std::unique_ptr<platform::Registry> timerJournal_;
+    platform::QtSystemTimer tick_;
+    platform::LedClassVibrator vibrator_;
+    platform::SessionIdleTime idleTime_;
     std::unique_ptr<MainWindow> window_;
+    std::unique_ptr<TimerDesk> timers_;
     std::unique_ptr<platform::QtInstanceNotifier> notifier_;
 };
 

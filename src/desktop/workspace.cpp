@@ -2,6 +2,10 @@
 
 #include "app/settings_rules.h"
 #include "desktop/manual.h"
+#include "platform/icu/icu_locale.h"
+#include "platform/posix/flock_mutex.h"
+#include "platform/sqlite/sqlite_object_store.h"
+#include "platform/sqlite/sqlite_registry.h"
 
 namespace hourwright::desktop {
 
@@ -72,6 +76,19 @@ void Workspace::readNames() {
             redoName_ = step.name;
     }
     namesKnown_ = true;
+}
+
+std::unique_ptr<WorkerStores> Workspace::openForWorker() const {
+    auto worker = std::make_unique<WorkerStores>();
+    worker->registry = platform::openSqliteRegistry(directories().settingsFile());
+    worker->clientIdMutex = platform::makeNamedMutex(directories().runtime, store::clientIdMutexName);
+    worker->objects = platform::openSqliteObjectStore(directories().recordsFile()).store;
+    if (worker->objects == nullptr)
+        return nullptr;
+    worker->stores = std::make_unique<store::Stores>(*worker->objects, *worker->clientIdMutex, *worker->registry);
+    worker->locales = {platform::makeIcuLocale(parts_.locales.user->name()),
+                       platform::makeIcuLocale(parts_.locales.system->name())};
+    return worker->stores->open() ? std::move(worker) : nullptr;
 }
 
 void Workspace::showStoreError() {

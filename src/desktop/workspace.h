@@ -7,6 +7,7 @@
 #include "app/expense_filter.h"
 #include "billing/time_rules.h"
 #include "platform/clock.h"
+#include "platform/file_dialog.h"
 #include "platform/file_writer.h"
 #include "platform/locale.h"
 #include "platform/message_box.h"
@@ -34,6 +35,16 @@ struct WorkspaceParts {
     platform::Shell& shell;
     platform::Directories directories;
     std::function<std::optional<std::string>(const char*)> variable; ///< environment variables
+    platform::FileDialog* fileDialogs = nullptr;                     ///< needed by the commands that ask for files
+};
+
+/// A connection of its own for work on another thread, with what belongs to it.
+struct WorkerStores {
+    std::unique_ptr<platform::Registry> registry;
+    std::unique_ptr<platform::NamedMutex> clientIdMutex;
+    std::unique_ptr<platform::ObjectStore> objects;
+    std::unique_ptr<store::Stores> stores;
+    platform::Locales locales;
 };
 
 /// What the windows work with: the program's objects, what the main window shows, and the notices that something has
@@ -57,6 +68,7 @@ public:
     [[nodiscard]] const platform::Clock& clock() const { return parts_.clock; }
     [[nodiscard]] platform::MessageBox& messages() { return parts_.messages; }
     [[nodiscard]] platform::Files& files() { return parts_.files; }
+    [[nodiscard]] platform::FileDialog& fileDialogs() { return *parts_.fileDialogs; }
     [[nodiscard]] platform::Shell& shell() { return parts_.shell; }
     [[nodiscard]] const platform::Directories& directories() const { return parts_.directories; }
     [[nodiscard]] billing::TimeRules timeRules() const;
@@ -73,6 +85,8 @@ public:
     /// The names of those changes; empty when there is none.
     [[nodiscard]] const std::u16string& undoName();
     [[nodiscard]] const std::u16string& redoName();
+    /// Opens the same records a second time, to be used by one other thread. Null when that fails.
+    [[nodiscard]] std::unique_ptr<WorkerStores> openForWorker() const;
 
     /// Shows "Error: %d" with the store's last error.
     void showStoreError();

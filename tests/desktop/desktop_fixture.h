@@ -31,6 +31,18 @@ public:
     bool succeeds = true;
 };
 
+/// Chooses the file that a test has said, and remembers what was asked.
+class ScriptedFileDialog : public platform::FileDialog {
+public:
+    std::optional<platform::SaveChoice> save(const platform::SaveRequest& request) override {
+        requests.push_back(request);
+        return choice;
+    }
+
+    std::optional<platform::SaveChoice> choice;
+    std::vector<platform::SaveRequest> requests;
+};
+
 /// A workspace over a fresh store, with a clock that stands still on Monday, 16 November 2026, 09:00, American English,
 /// and message boxes that answer from a script. Widgets are off-screen.
 class DesktopFixture : public StoreFixture {
@@ -47,13 +59,15 @@ protected:
                                     .files = files_,
                                     .shell = shell_,
                                     .directories = directories_,
-                                    .variable = [](const char*) { return std::optional<std::string>(); }});
+                                    .variable = [](const char*) { return std::optional<std::string>(); },
+                                    .fileDialogs = &fileDialogs_});
     }
 
     [[nodiscard]] desktop::Workspace& workspace() { return *workspace_; }
     [[nodiscard]] app::AppSettings& settings() { return settings_; }
     [[nodiscard]] RecordingMessageBox& messages() { return messages_; }
     [[nodiscard]] RecordingShell& shell() { return shell_; }
+    [[nodiscard]] ScriptedFileDialog& fileDialogs() { return fileDialogs_; }
     [[nodiscard]] FakeClock& clock() { return clock_; }
     [[nodiscard]] std::filesystem::path home() const { return home_.path(); }
 
@@ -66,7 +80,7 @@ protected:
 
 private:
     TemporaryDirectory home_;
-    platform::Directories directories_{.data = home_.path(),
+    platform::Directories directories_{.data = file().parent_path(),
                                        .config = home_.path(),
                                        .state = home_.path(),
                                        .runtime = home_.path() / "run",
@@ -78,6 +92,7 @@ private:
     RecordingMessageBox messages_;
     platform::PosixFiles files_;
     RecordingShell shell_;
+    ScriptedFileDialog fileDialogs_;
     std::unique_ptr<desktop::Workspace> workspace_;
 };
 

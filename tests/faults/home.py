@@ -22,7 +22,7 @@ class Home:
 
     def run(self, words, prefix=(), **options):
         """The finished process of a command; `prefix` is what it runs under."""
-        environment = {"PATH": os.environ["PATH"], "LC_ALL": "C", "HOME": str(self.path)}
+        environment = {"PATH": os.environ["PATH"], "LC_ALL": "C", "HOME": "/nonexistent"}
         return subprocess.run([*prefix, *self.command(words)], env=environment, stdin=subprocess.DEVNULL,
                               stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False, **options)
 

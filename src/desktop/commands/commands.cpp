@@ -9,6 +9,8 @@ void addAllCommands(MainWindow& window) {
     addEntryCommands(window);
     addSetupCommands(window);
     addExpenseCommands(window);
+    addExportCommands(window);
+    addSummaryCommands(window);
 }
 
 } // namespace hourwright::desktop

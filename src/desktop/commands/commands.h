@@ -13,5 +13,7 @@ void addViewCommands(MainWindow& window);
 void addEntryCommands(MainWindow& window);
 void addSetupCommands(MainWindow& window);
 void addExpenseCommands(MainWindow& window);
+void addExportCommands(MainWindow& window);
+void addSummaryCommands(MainWindow& window);
 
 } // namespace hourwright::desktop

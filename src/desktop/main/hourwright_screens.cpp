@@ -8,6 +8,7 @@
 #include "platform/posix/flock_mutex.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/system_clock.h"
+#include "platform/qt/qt_file_dialog.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_shell.h"
 #include "platform/sqlite/sqlite_object_store.h"
@@ -140,6 +141,7 @@ int main(int argc, char** argv) {
     platform::QtMessageBox messages;
     platform::PosixFiles files;
     platform::QtShell shell;
+    platform::QtFileDialog fileDialogs;
     desktop::Workspace workspace({.stores = stores,
                                   .registry = *registry,
                                   .settings = settings,
@@ -149,7 +151,8 @@ int main(int argc, char** argv) {
                                   .files = files,
                                   .shell = shell,
                                   .directories = {.data = folder, .config = folder, .state = folder, .runtime = folder},
-                                  .variable = platform::processEnvironment});
+                                  .variable = platform::processEnvironment,
+                                  .fileDialogs = &fileDialogs});
     desktop::MainWindow window(workspace);
     window.resize(options.size);
     window.show();

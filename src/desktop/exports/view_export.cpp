@@ -1,0 +1,115 @@
+#include "desktop/exports/view_export.h"
+
+#include "desktop/background_run.h"
+#include "desktop/exports/export_note.h"
+#include "platform/qt/qt_text.h"
+#include "resources/texts/exports.h"
+
+#include <optional>
+
+namespace hourwright::desktop {
+
+namespace {
+
+// The filters as they are now, for another thread, with the locale of its own.
+class WorkerFilters {
+public:
+    WorkerFilters(Workspace& workspace, const platform::Locale& locale, BackgroundProgress& progress)
+        : entries_(workspace.entryFilter(), locale), expenses_(workspace.expenseFilter(), locale), progress_(progress) {
+    }
+
+    bool accepts(const store::TimeEntry& entry) {
+        ++progress_.done;
+        return entries_.matches(entry);
+    }
+    bool accepts(const store::ExpenseEntry& expense) {
+        ++progress_.done;
+        return expenses_.matches(expense);
+    }
+
+private:
+    app::EntryMatcher entries_;
+    app::ExpenseMatcher expenses_;
+    BackgroundProgress& progress_;
+};
+
+// Stops writing as soon as the user cancels: the export then ends like one whose file cannot be written.
+class CancellableWriter : public platform::FileWriter {
+public:
+    CancellableWriter(std::unique_ptr<platform::FileWriter> writer, const std::atomic<bool>& cancelled)
+        : writer_(std::move(writer)), cancelled_(cancelled) {}
+
+    bool write(std::string_view bytes) override { return !cancelled_ && writer_->write(bytes); }
+    [[nodiscard]] bool canTakeBack() const override { return writer_->canTakeBack(); }
+    bool takeBack(std::uint64_t count) override { return writer_->takeBack(count); }
+    bool close() override { return writer_->close() && !cancelled_; }
+    [[nodiscard]] platform::PlatformError error() const override { return writer_->error(); }
+
+private:
+    std::unique_ptr<platform::FileWriter> writer_;
+    const std::atomic<bool>& cancelled_;
+};
+
+class CancellableFiles : public platform::Files {
+public:
+    CancellableFiles(platform::Files& files, const std::atomic<bool>& cancelled)
+        : files_(files), cancelled_(cancelled) {}
+
+    platform::CreatedFile create(const std::filesystem::path& path) override {
+        auto created = files_.create(path);
+        if (created.writer)
+            created.writer = std::make_unique<CancellableWriter>(std::move(created.writer), cancelled_);
+        return created;
+    }
+
+private:
+    platform::Files& files_;
+    const std::atomic<bool>& cancelled_;
+};
+
+struct Outcome {
+    exchange::ExportResult result{.status = exchange::ExportStatus::readFailed};
+    bool cancelled = false;
+};
+
+Outcome runOnWorker(Workspace& workspace, QWidget* window, const std::filesystem::path& file,
+                    const std::function<exchange::ExportResult(const ViewExport&)>& work) {
+    Outcome outcome;
+    const auto worker = workspace.openForWorker();
+    if (worker == nullptr)
+        return outcome;
+    const BackgroundTexts texts{.label = platform::toQString(resources::exports::running), .mayCancel = true};
+    runInBackground(window, texts, [&](BackgroundProgress& progress) {
+        WorkerFilters filters(workspace, *worker->locales.user, progress);
+        CancellableFiles files(workspace.files(), progress.cancelled);
+        outcome.result = work({.stores = *worker->stores,
+                               .range = workspace.view().period().dateRange(),
+                               .acceptsEntry = [&](const auto& entry) { return filters.accepts(entry); },
+                               .acceptsExpense = [&](const auto& expense) { return filters.accepts(expense); },
+                               .target = {files, file, *worker->locales.system}});
+        outcome.cancelled = progress.cancelled;
+    });
+    return outcome;
+}
+
+} // namespace
+
+bool runViewExport(Workspace& workspace, QWidget* window, const std::filesystem::path& file,
+                   const std::function<exchange::ExportResult(const ViewExport&)>& work) {
+    const Outcome outcome = runOnWorker(workspace, window, file, work);
+    if (outcome.cancelled) {
+        std::error_code ignored;
+        std::filesystem::remove(file, ignored);
+        return false;
+    }
+    if (!outcome.result.ok()) {
+        workspace.messages().showFailure(resources::StringId::exportFailed);
+        return false;
+    }
+    auto* note = new ExportNote(workspace, file, outcome.result.records, window);
+    note->setAttribute(Qt::WA_DeleteOnClose);
+    note->show();
+    return true;
+}
+
+} // namespace hourwright::desktop

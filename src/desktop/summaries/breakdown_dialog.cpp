@@ -1,0 +1,129 @@
+#include "desktop/summaries/breakdown_dialog.h"
+
+#include "billing/summary_row.h"
+#include "desktop/screen_size.h"
+#include "platform/qt/qt_text.h"
+#include "resources/texts/exports.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+#include <QTreeWidget>
+#include <QTreeWidgetItemIterator>
+#include <QVBoxLayout>
+#include <array>
+
+namespace hourwright::desktop {
+
+using platform::toQString;
+namespace exports = resources::exports;
+
+namespace {
+
+enum Column { nameColumn, hoursColumn, hoursPartColumn, amountColumn, amountPartColumn, columnCount };
+constexpr int partRole = Qt::UserRole;
+constexpr int barWidth = 120; // pixels
+
+// A percentage with a bar of that length behind it.
+class BarDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        const double part = std::clamp(index.data(partRole).toDouble(), 0.0, 1.0);
+        QRectF bar = option.rect.adjusted(2, 3, -2, -3);
+        bar.setWidth(bar.width() * part);
+        QColor colour = option.palette.color(QPalette::Highlight);
+        colour.setAlphaF(0.35F);
+        painter->fillRect(bar, colour);
+        QStyledItemDelegate::paint(painter, option, index);
+    }
+};
+
+double partOf(double part, double whole) {
+    return whole > 0.0 ? part / whole : 0.0;
+}
+
+} // namespace
+
+BreakdownDialog::BreakdownDialog(Workspace& workspace, const billing::Breakdown& breakdown, QWidget* parent)
+    : Dialog(workspace, toQString(exports::breakdown), "summary", parent), tree_(new QTreeWidget) {
+    tree_->setColumnCount(columnCount);
+    QStringList titles;
+    for (const resources::Text& text :
+         {exports::name, exports::hours, exports::hoursPart, exports::amount, exports::amountPart})
+        titles.append(toQString(text));
+    tree_->setHeaderLabels(titles);
+    tree_->setUniformRowHeights(true);
+    tree_->setAccessibleName(toQString(exports::breakdown));
+    tree_->setItemDelegateForColumn(hoursPartColumn, new BarDelegate(tree_));
+    tree_->setItemDelegateForColumn(amountPartColumn, new BarDelegate(tree_));
+    fill(breakdown);
+    tree_->header()->setStretchLastSection(false);
+    tree_->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    tree_->header()->setSectionResizeMode(nameColumn, QHeaderView::Stretch);
+    for (const int column : {hoursPartColumn, amountPartColumn})
+        if (!isHandheld()) {
+            tree_->header()->setSectionResizeMode(column, QHeaderView::Fixed);
+            tree_->setColumnWidth(column, barWidth);
+        }
+    // The bars carry the numbers on a screen that is too narrow for both.
+    tree_->setColumnHidden(hoursColumn, isHandheld());
+    tree_->setColumnHidden(amountColumn, isHandheld());
+    tree_->setMinimumSize(isHandheld() ? 300 : 680, 360);
+    content()->addWidget(tree_);
+    buttons()->setStandardButtons(QDialogButtonBox::Close | QDialogButtonBox::Help);
+    auto* copy = buttons()->addButton(toQString(exports::copy), QDialogButtonBox::ActionRole);
+    copy->setAutoDefault(false);
+    buttons()->button(QDialogButtonBox::Close)->setDefault(true);
+    connect(copy, &QPushButton::clicked, this, [this] { QApplication::clipboard()->setText(asText()); });
+}
+
+// Each row stands below the last one of the level above it.
+void BreakdownDialog::fill(const billing::Breakdown& breakdown) {
+    std::array<QTreeWidgetItem*, 4> last{tree_->invisibleRootItem()};
+    for (const billing::BreakdownRow& row : breakdown.rows) {
+        const auto level = static_cast<std::size_t>(std::clamp(row.level, 0, 2));
+        auto* item = new QTreeWidgetItem(last[level]);
+        setRow(*item, row, breakdown);
+        last[level + 1] = item;
+        item->setExpanded(level == 0);
+    }
+    auto* total = new QTreeWidgetItem(tree_);
+    setRow(*total, {std::u16string(exports::total.text), 0, breakdown.hours, breakdown.amount}, breakdown);
+    QFont bold = total->font(nameColumn);
+    bold.setBold(true);
+    for (int column = 0; column < columnCount; ++column)
+        total->setFont(column, bold);
+}
+
+void BreakdownDialog::setRow(QTreeWidgetItem& item, const billing::BreakdownRow& row, const billing::Breakdown& whole) {
+    const auto number = [this](double value) {
+        return toQString(workspace().locale().number(billing::amountText(value)));
+    };
+    item.setText(nameColumn, row.name.empty() ? toQString(exports::noName) : toQString(row.name));
+    item.setText(hoursColumn, number(row.hours));
+    item.setText(hoursPartColumn, toQString(billing::percentText(row.hours, whole.hours)));
+    item.setText(amountColumn, number(row.amount));
+    item.setText(amountPartColumn, toQString(billing::percentText(row.amount, whole.amount)));
+    item.setData(hoursPartColumn, partRole, partOf(row.hours, whole.hours));
+    item.setData(amountPartColumn, partRole, partOf(row.amount, whole.amount));
+    for (int column = hoursColumn; column < columnCount; ++column)
+        item.setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+}
+
+QString BreakdownDialog::asText() const {
+    QString text;
+    for (QTreeWidgetItemIterator row(tree_); *row != nullptr; ++row) {
+        QStringList cells;
+        for (int column = 0; column < columnCount; ++column)
+            cells.append((*row)->text(column));
+        text += cells.join('\t') + '\n';
+    }
+    return text;
+}
+
+} // namespace hourwright::desktop
