@@ -77,8 +77,11 @@ void CurrentView::arrangeBy(std::uint16_t choice) {
     (records_ == RecordKind::entries ? settings_.sort : settings_.expSort) = choice;
 }
 
+// A week is kept by its middle, so that it stays nearly the same one when it begins on another day.
 void CurrentView::settingsChanged() {
-    const auto date = kind() == PeriodKind::custom ? lastDate_ : period_.currentDate();
+    auto date = kind() == PeriodKind::custom ? lastDate_ : period_.currentDate();
+    if (kind() == PeriodKind::week)
+        platform::addDays(date, 3);
     place(periodKind(storedKind()), date);
 }
 

@@ -56,8 +56,10 @@ PeriodBar::PeriodBar(Workspace& workspace, CommandActions& actions, QWidget* par
 
 QToolButton* PeriodBar::addCommand(app::Command command, const QString& iconName, const QString& name) {
     auto* button = new QToolButton(this);
+    // The icon is the action's: a button takes it over anew whenever the action changes.
+    actions_.action(command)->setIcon(icon(iconName));
+    actions_.action(command)->setIconVisibleInMenu(false);
     button->setDefaultAction(actions_.action(command));
-    button->setIcon(icon(iconName));
     button->setAccessibleName(name);
     button->setToolButtonStyle(Qt::ToolButtonIconOnly);
     button->setToolTip(name);
