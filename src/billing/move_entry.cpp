@@ -16,29 +16,13 @@ SystemTime onDay(const SystemTime& day, const SystemTime& time) {
     return result;
 }
 
-// Hundredths cut off show some ends a minute early: five minutes are stored as 0.08 hours, which is four. The next
-// hundredth (half of one more keeps it from being cut off again) shows the end that was meant, unless it or the
-// granularity leads past it.
-std::int32_t followingEnd(const SystemTime& start, platform::FileTime end, std::int32_t duration,
-                          const TimeRules& rules, TimeEntry entry) {
-    const auto endWith = [&](std::int32_t hundredths) {
-        entry.duration = hundredths;
-        return platform::toFileTime(endTime(start, entry));
-    };
-    if (endWith(duration) >= end)
-        return duration;
-    const auto next = durationFromHours((duration + 1.5) / 100.0, rules);
-    return next == duration + 1 && endWith(*next) == end ? *next : duration;
-}
-
 std::optional<std::int32_t> durationUntil(const SystemTime& start, const SystemTime& end, const TimeRules& rules,
                                           const TimeEntry& entry) {
     const auto from = platform::toFileTime(start);
     const auto to = platform::toFileTime(onDay(end, end));
     if (!from || !to || *to < *from)
         return std::nullopt;
-    const auto duration = durationFromStartEnd(start, onDay(end, end), breakHoursOf(entry), rules);
-    return duration ? followingEnd(start, *to, *duration, rules, entry) : duration;
+    return durationFromStartEnd(start, onDay(end, end), breakHoursOf(entry), rules);
 }
 
 } // namespace

@@ -19,10 +19,10 @@ struct EntryPlace {
     friend bool operator==(const EntryPlace&, const EntryPlace&) = default;
 };
 
-/// Places an entry: with an end its duration becomes the time between less its break, raised to the granularity when
-/// that is on, and by one hundredth when else the end shown would fall short of the one wanted. Returns why not, with
-/// the entry unchanged: an invalid date, or error 87 for an end without a start, or for a duration that is negative or
-/// too large.
+/// Places an entry: with an end its duration becomes the time between less its break, by the rule of start, break and
+/// end times: cut off to hundredths, raised to the granularity when that is on. Some ends are shown a minute early
+/// therefore. Returns why not, with the entry unchanged: an invalid date, or error 87 for an end without a start, or
+/// for a duration that is negative or too large.
 [[nodiscard]] std::optional<DraftRefusal> placeEntry(const EntryPlace& place, const TimeRules& rules,
                                                      store::TimeEntry& entry);
 

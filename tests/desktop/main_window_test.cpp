@@ -22,5 +22,15 @@ TEST_F(MainWindowTest, MovesThroughPeriodsByKeyboard) {
     EXPECT_EQ(workspace().view().period().start(), start);
 }
 
+TEST_F(MainWindowTest, LoadsTheDemoIntoAnEmptyStoreOnly) {
+    MainWindow window(workspace());
+    window.loadDemo();
+    EXPECT_EQ(entries().size(), 1000U);
+    EXPECT_GT(window.view().totals().items, 0U);
+    window.loadDemo();
+    EXPECT_EQ(entries().size(), 1000U);
+    EXPECT_TRUE(messages().shown.empty());
+}
+
 } // namespace
 } // namespace hourwright::desktop

@@ -6,6 +6,7 @@ void addAllCommands(MainWindow& window) {
     addHistoryCommands(window);
     addListCommands(window);
     addViewCommands(window);
+    addDemo(window);
     addEntryCommands(window);
     addSetupCommands(window);
     addExpenseCommands(window);

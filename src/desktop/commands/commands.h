@@ -10,6 +10,7 @@ void addAllCommands(MainWindow& window);
 void addHistoryCommands(MainWindow& window);
 void addListCommands(MainWindow& window);
 void addViewCommands(MainWindow& window);
+void addDemo(MainWindow& window);
 void addEntryCommands(MainWindow& window);
 void addSetupCommands(MainWindow& window);
 void addExpenseCommands(MainWindow& window);
