@@ -10,6 +10,7 @@ std::vector<Screen> allScreens() {
     addNoteScreens(screens);
     addStructureScreens(screens);
     addExpenseScreens(screens);
+    addTimerScreens(screens);
     addExportScreens(screens);
     return screens;
 }

@@ -27,6 +27,7 @@ void addEditorScreens(std::vector<Screen>& screens);
 void addNoteScreens(std::vector<Screen>& screens);
 void addStructureScreens(std::vector<Screen>& screens);
 void addExpenseScreens(std::vector<Screen>& screens);
+void addTimerScreens(std::vector<Screen>& screens);
 void addExportScreens(std::vector<Screen>& screens);
 
 } // namespace hourwright::desktop

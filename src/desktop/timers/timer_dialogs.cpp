@@ -13,6 +13,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -77,6 +78,8 @@ AddTimerDialog::AddTimerDialog(Workspace& workspace, const billing::TimerNames& 
     const auto now = workspace.clock().localTime();
     start_->setDateTime(QDateTime(platform::toQDate(now), platform::toQTime(now), Qt::UTC));
     start_->setTimeSpec(Qt::UTC); // a time without a zone: every time of day exists
+    const QLocale locale(QString::fromStdString(workspace.locale().name()));
+    start_->setDisplayFormat(locale.dateFormat(QLocale::ShortFormat) + ' ' + locale.timeFormat(QLocale::ShortFormat));
     start_->setCalendarPopup(true);
     start_->setEnabled(false);
     start_->setAccessibleName(startChosen_->text());

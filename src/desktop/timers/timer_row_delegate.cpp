@@ -1,6 +1,8 @@
 #include "desktop/timers/timer_row_delegate.h"
 
 #include "desktop/screen_size.h"
+#include "platform/qt/qt_text.h"
+#include "resources/texts/timers.h"
 
 #include <QApplication>
 #include <QHeaderView>
@@ -46,7 +48,8 @@ public:
         painter->setFont(bold);
         painter->drawText(above, Qt::AlignLeft | Qt::AlignVCenter, text(0));
         painter->setFont(plain);
-        painter->drawText(above, Qt::AlignRight | Qt::AlignVCenter, text(1) + "   ⏸ " + text(6));
+        painter->drawText(above, Qt::AlignRight | Qt::AlignVCenter,
+                          text(1) + "   " + platform::toQString(resources::timers::breakTime) + ' ' + text(6));
         const QRect below(above.left(), area.top() + half, above.width(), half);
         painter->drawText(below, Qt::AlignLeft | Qt::AlignVCenter,
                           option.fontMetrics.elidedText(names.join(" · "), Qt::ElideRight, below.width()));
