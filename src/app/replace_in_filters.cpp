@@ -1,8 +1,5 @@
 #include "app/replace_in_filters.h"
 
-#include "app/entry_filter.h"
-#include "app/expense_filter.h"
-
 #include <array>
 
 namespace hourwright::app {
@@ -11,45 +8,53 @@ namespace {
 
 using billing::ReplaceRequest;
 
-// The fields of the filters that are stored, in the order of billing::ReplaceType.
-constexpr std::array<std::u16string EntryFilter::*, 10> entryTexts = {&EntryFilter::client,
-                                                                      &EntryFilter::project,
-                                                                      &EntryFilter::phase,
-                                                                      &EntryFilter::task,
-                                                                      &EntryFilter::billTo,
-                                                                      &EntryFilter::currency,
-                                                                      nullptr,
-                                                                      nullptr,
-                                                                      nullptr,
-                                                                      nullptr};
+// The fields of the filters in the order of billing::ReplaceType. Stored filters have empty custom fields.
+constexpr std::array<std::u16string EntryFilter::*, 10> entryTexts = {
+    &EntryFilter::client,   &EntryFilter::project, &EntryFilter::phase,   &EntryFilter::task,    &EntryFilter::billTo,
+    &EntryFilter::currency, &EntryFilter::custom1, &EntryFilter::custom2, &EntryFilter::custom3, nullptr};
 constexpr std::array<std::u16string ExpenseFilter::*, 10> expenseTexts = {&ExpenseFilter::client,
                                                                           &ExpenseFilter::project,
                                                                           nullptr,
                                                                           nullptr,
                                                                           &ExpenseFilter::billTo,
                                                                           &ExpenseFilter::currency,
-                                                                          nullptr,
-                                                                          nullptr,
+                                                                          &ExpenseFilter::custom1,
+                                                                          &ExpenseFilter::custom2,
                                                                           nullptr,
                                                                           &ExpenseFilter::category};
 
+// True when the filter named the text.
 template<typename Filter>
-bool replaceIn(platform::Registry& registry, std::u16string Filter::*text, const ReplaceRequest& request) {
-    if (text == nullptr)
-        return true;
-    Filter filter = Filter::load(registry);
-    if (filter.*text != request.find)
-        return true;
+bool replaceIn(Filter& filter, std::u16string Filter::*text, const ReplaceRequest& request) {
+    if (text == nullptr || filter.*text != request.find)
+        return false;
     filter.*text = request.replacement;
-    return filter.save(registry);
+    return true;
+}
+
+template<typename Filter>
+bool replaceInStored(platform::Registry& registry, std::u16string Filter::*text, const ReplaceRequest& request) {
+    Filter filter = Filter::load(registry);
+    return !replaceIn(filter, text, request) || filter.save(registry);
+}
+
+std::size_t indexOf(const ReplaceRequest& request) {
+    return static_cast<std::size_t>(request.type);
 }
 
 } // namespace
 
 bool replaceInFilters(platform::Registry& registry, const ReplaceRequest& request) {
-    const auto type = static_cast<std::size_t>(request.type);
-    const bool entrySaved = replaceIn(registry, entryTexts[type], request);
-    return replaceIn(registry, expenseTexts[type], request) && entrySaved;
+    const bool entrySaved = replaceInStored(registry, entryTexts[indexOf(request)], request);
+    return replaceInStored(registry, expenseTexts[indexOf(request)], request) && entrySaved;
+}
+
+void replaceInFilter(EntryFilter& filter, const ReplaceRequest& request) {
+    replaceIn(filter, entryTexts[indexOf(request)], request);
+}
+
+void replaceInFilter(ExpenseFilter& filter, const ReplaceRequest& request) {
+    replaceIn(filter, expenseTexts[indexOf(request)], request);
 }
 
 } // namespace hourwright::app

@@ -1,3 +1,4 @@
+#include "app/bulk_selection.h"
 #include "app/replace_in_filters.h"
 #include "billing/bulk_change.h"
 #include "billing/replace_text.h"
@@ -25,23 +26,10 @@ ExitCode printCount(Session& session, std::size_t count) {
     return ExitCode::done;
 }
 
-// What --from, --to and the filter select. It borrows the session's locale.
-EntrySelection selectionOf(Session& session, const app::EntryFilter& filter) {
-    const app::FilterRange range = filterRange(filter);
-    EntrySelection selection;
-    if (range.first.ticks > 0)
-        selection.range.after = platform::FileTime{range.first.ticks - 1};
-    selection.range.last = range.last;
-    selection.accepts = [matcher = app::EntryMatcher(filter, *session.locales().user)](const store::TimeEntry& entry) {
-        return matcher.matches(entry);
-    };
-    return selection;
-}
-
 // Changes the selected entries in one transaction and prints how many they are.
 ExitCode changeSelected(Session& session, const resources::Text& name, const app::EntryFilter& filter,
                         const Change& change) {
-    const EntrySelection selection = selectionOf(session, filter);
+    const EntrySelection selection = app::selectionOf(filter, *session.locales().user);
     store::Stores* const stores = session.stores();
     if (!stores)
         return ExitCode::refused;

@@ -13,8 +13,4 @@ RecordView* makeCalendarView(Workspace& workspace, QWidget* parent) {
     return new CalendarView(workspace, parent);
 }
 
-QString filterDescription(Workspace& /*workspace*/) {
-    return {};
-}
-
 } // namespace hourwright::desktop

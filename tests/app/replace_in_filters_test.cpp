@@ -50,5 +50,24 @@ TEST(ReplaceInFilters, RenamesWhatTheStoredFiltersName) {
     }
 }
 
+TEST(ReplaceInFilters, RenamesCustomFieldsOfTheFiltersInUse) {
+    EntryFilter entries;
+    ExpenseFilter expenses;
+    entries.custom1 = entries.custom3 = expenses.custom1 = expenses.custom2 = entries.client = u"x";
+    const EntryFilter entriesBefore = entries;
+    const ExpenseFilter expensesBefore = expenses;
+    for (const ReplaceType type : {ReplaceType::custom3, ReplaceType::category}) {
+        replaceInFilter(entries, {type, u"x", u"y"});
+        replaceInFilter(expenses, {type, u"x", u"y"});
+    }
+    EntryFilter changed = entriesBefore;
+    changed.custom3 = u"y";
+    EXPECT_EQ(entries, changed);
+    EXPECT_EQ(expenses, expensesBefore);
+    replaceInFilter(expenses, {ReplaceType::custom2, u"x", u"y"});
+    EXPECT_EQ(expenses.custom2, u"y");
+    EXPECT_EQ(expenses.custom1, u"x");
+}
+
 } // namespace
 } // namespace hourwright::app

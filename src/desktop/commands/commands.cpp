@@ -12,6 +12,9 @@ void addAllCommands(MainWindow& window) {
     addExpenseCommands(window);
     addExportCommands(window);
     addSummaryCommands(window);
+    addFilterCommands(window);
+    addOptionsCommands(window);
+    addDataCommands(window);
 }
 
 } // namespace hourwright::desktop

@@ -16,5 +16,8 @@ void addSetupCommands(MainWindow& window);
 void addExpenseCommands(MainWindow& window);
 void addExportCommands(MainWindow& window);
 void addSummaryCommands(MainWindow& window);
+void addFilterCommands(MainWindow& window);
+void addOptionsCommands(MainWindow& window);
+void addDataCommands(MainWindow& window);
 
 } // namespace hourwright::desktop

@@ -12,6 +12,7 @@ std::vector<Screen> allScreens() {
     addExpenseScreens(screens);
     addTimerScreens(screens);
     addExportScreens(screens);
+    addOptionsScreens(screens);
     return screens;
 }
 

@@ -29,5 +29,6 @@ void addStructureScreens(std::vector<Screen>& screens);
 void addExpenseScreens(std::vector<Screen>& screens);
 void addTimerScreens(std::vector<Screen>& screens);
 void addExportScreens(std::vector<Screen>& screens);
+void addOptionsScreens(std::vector<Screen>& screens);
 
 } // namespace hourwright::desktop

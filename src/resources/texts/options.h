@@ -18,8 +18,8 @@ inline constexpr Text fontSize{10616, u"&Font size:"};
 inline constexpr Text points{10617, u"%d points"};
 inline constexpr Text bold{10618, u"&Bold"};
 inline constexpr Text itemTap{10619, u"&Item tap option:"};
-inline constexpr Text tapSelects{10620, u"Select the item"};
-inline constexpr Text tapOpens{10621, u"Open the item"};
+inline constexpr Text tapOpens{10620, u"Open the item"};
+inline constexpr Text tapShowsMenu{10621, u"Show its menu"};
 inline constexpr Text softKeys{10622, u"Use &soft key menus"};
 
 inline constexpr Text customFields{10630, u"Custom Fields 1"};
@@ -37,6 +37,9 @@ inline constexpr Text oneBlank{10646, u"One blank"};
 inline constexpr Text twoBlanks{10647, u"Two blanks"};
 inline constexpr Text hourSymbol{10648, u"&Hour symbol:"};
 inline constexpr Text noSymbol{10649, u"None"};
+inline constexpr Text symbolShort{10650, u"h"};
+inline constexpr Text symbolMedium{10651, u"hrs"};
+inline constexpr Text symbolLong{10652, u"hours"};
 
 inline constexpr Text defaults{10660, u"Defaults"};
 inline constexpr Text newEntryDefaults{10661, u"New Entry Defaults"};
