@@ -139,7 +139,7 @@ TEST_F(OptionsDialogTest, AboutTellsWhereTheDataLies) {
     QString all;
     for (const auto* label : dialog.findChildren<QLabel*>())
         all += label->text().remove(QChar(0x200B)) + '\n';
-    EXPECT_TRUE(all.contains(QString::fromStdString(home().string())));
+    EXPECT_TRUE(all.contains(QString::fromStdString(workspace().directories().data.string())));
     EXPECT_TRUE(all.contains(QString("Qt ") + qVersion()));
     EXPECT_TRUE(all.contains(QRegularExpression("SQLite 3\\.\\d+")) && all.contains(QRegularExpression("ICU \\d+")));
 }
