@@ -2,19 +2,17 @@
 
 #include "app/bulk_selection.h"
 #include "app/settings_rules.h"
+#include "desktop/editor/field_widgets.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_time.h"
 
 #include <QCalendarWidget>
 #include <QFormLayout>
-#include <QLocale>
 
 namespace hourwright::desktop {
 
 QDateEdit* makeDateEdit(Workspace& workspace, QWidget* parent) {
-    auto* edit = new QDateEdit(parent);
-    edit->setLocale(QLocale(QString::fromStdString(workspace.locale().name())));
-    edit->setCalendarPopup(true);
+    auto* edit = new DayEdit(workspace, parent);
     edit->calendarWidget()->setFirstDayOfWeek(
         app::weekStart(workspace.settings()) == platform::WeekStart::monday ? Qt::Monday : Qt::Sunday);
     edit->setDate(platform::toQDate(workspace.clock().localTime()));
