@@ -1,20 +1,16 @@
 #include "desktop/filters/date_range_fields.h"
 
 #include "app/bulk_selection.h"
-#include "app/settings_rules.h"
 #include "desktop/editor/field_widgets.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_time.h"
 
-#include <QCalendarWidget>
 #include <QFormLayout>
 
 namespace hourwright::desktop {
 
 QDateEdit* makeDateEdit(Workspace& workspace, QWidget* parent) {
     auto* edit = new DayEdit(workspace, parent);
-    edit->calendarWidget()->setFirstDayOfWeek(
-        app::weekStart(workspace.settings()) == platform::WeekStart::monday ? Qt::Monday : Qt::Sunday);
     edit->setDate(platform::toQDate(workspace.clock().localTime()));
     return edit;
 }
