@@ -9,7 +9,7 @@ launcher := $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache
 configure = cmake --log-level=WARNING --preset $(1) $(launcher)
 build = cmake --build --preset $(1) -j $(JOBS)
 
-.PHONY: help run test bench faults install asan tidy format clean setup
+.PHONY: help run test bench faults install package asan tidy format clean setup
 
 help:
 	@echo "make run      build and open the window on made-up records; without a display, a tour and pictures"
@@ -17,6 +17,7 @@ help:
 	@echo "make bench    build with optimisation and run the benchmarks"
 	@echo "make faults   kills, power losses, failing calls, full disks and damaged files, all of them"
 	@echo "make install  install below PREFIX ($(PREFIX)), staged in DESTDIR when given"
+	@echo "make package  build a Debian package, build/release/hourwright_*.deb"
 	@echo "make asan     all tests with the address and undefined-behaviour sanitizers"
 	@echo "make tidy     clang-tidy over every source"
 	@echo "make format   clang-format over every source"
@@ -50,6 +51,12 @@ install: setup
 	$(call configure,release)
 	$(call build,release) --target hwctl pages hourwright
 	DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(PREFIX)"
+
+package:
+	@tools/setup dpkg-dev
+	$(call configure,release)
+	$(call build,release) --target hwctl pages hourwright
+	cd build/release && cpack -G DEB
 
 asan: setup
 	$(call configure,asan)
