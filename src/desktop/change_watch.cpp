@@ -31,6 +31,9 @@ void ChangeWatch::noticed() {
 }
 
 void ChangeWatch::look() {
+    // A long change lets the window paint; it is looked again when it has ended.
+    if (workspace_.isChanging())
+        return;
     const auto now = workspace_.stores().objects().changesByOthers();
     if (!now || now == seen_)
         return;

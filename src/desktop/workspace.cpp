@@ -7,6 +7,8 @@
 #include "platform/sqlite/sqlite_object_store.h"
 #include "platform/sqlite/sqlite_registry.h"
 
+#include <QScopedValueRollback>
+
 namespace hourwright::desktop {
 
 Workspace::Workspace(const WorkspaceParts& parts)
@@ -21,6 +23,7 @@ billing::TimeRules Workspace::timeRules() const {
 }
 
 bool Workspace::change(std::u16string_view name, const std::function<bool(platform::Transaction&)>& apply) {
+    const QScopedValueRollback changing(changing_, true);
     {
         const auto transaction = stores().objects().begin({.name = name, .time = clock().now()});
         if (transaction == nullptr || !apply(*transaction) || !transaction->commit()) {

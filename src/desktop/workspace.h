@@ -85,6 +85,9 @@ public:
     /// The names of those changes; empty when there is none.
     [[nodiscard]] const std::u16string& undoName();
     [[nodiscard]] const std::u16string& redoName();
+    /// True while a change is being made; nothing else may use the stores' positions then.
+    [[nodiscard]] bool isChanging() const { return changing_; }
+
     /// Opens the same records a second time, to be used by one other thread. Null when that fails.
     [[nodiscard]] std::unique_ptr<WorkerStores> openForWorker() const;
 
@@ -119,6 +122,7 @@ private:
     std::u16string undoName_;
     std::u16string redoName_;
     bool namesKnown_ = false; // until records change
+    bool changing_ = false;
 };
 
 } // namespace hourwright::desktop

@@ -240,8 +240,11 @@ TEST_F(InstanceChannelTest, ListensToItsOwnUserOnly) {
     EXPECT_TRUE(succeeded(inChild([&] {
         if (seteuid(nobodyElse) != 0)
             return false;
+        // The server may have hung up already.
+        std::signal(SIGPIPE, SIG_IGN);
         const int file = rawConnection();
-        return file >= 0 && write(file, "HWi1\3\0\0\0\0", 9) == 9 && isClosed(file, 1000);
+        static_cast<void>(write(file, "HWi1\3\0\0\0\0", 9) == 9);
+        return file >= 0 && isClosed(file, 1000);
     })));
     EXPECT_TRUE(received_.empty());
 }
