@@ -77,6 +77,14 @@ constexpr OptionGroup wipeGroup{"", "", wipeOptions};
 constexpr std::array spreadsheetOptions{&option::delimiter, &option::decimalMark, &option::noByteOrderMark};
 constexpr OptionGroup spreadsheet{"", "Form of the file", spreadsheetOptions};
 
+constexpr std::array timerAddOptions{&option::client,     &option::project,   &option::phase, &option::task,
+                                     &option::timerStart, &option::timerDate, &option::note};
+constexpr OptionGroup timerAddGroup{"", "", timerAddOptions};
+constexpr std::array timerEditOptions{&option::timerDuration, &option::timerBreak, &option::note};
+constexpr OptionGroup timerEditGroup{"", "", timerEditOptions};
+constexpr std::array timerSaveOption{&option::timerSave};
+constexpr OptionGroup timerSaveGroup{"", "", timerSaveOption};
+
 constexpr ArgumentSpec clientArgument{"CLIENT", ValueKind::clientName, "name of the client"};
 constexpr std::array newClient{ArgumentSpec{"NAME", ValueKind::text, "name of the new client"}};
 constexpr std::array clientName{ArgumentSpec{"NAME", ValueKind::clientName, "name of the client"}};
@@ -92,6 +100,8 @@ constexpr std::array rateOwner{ArgumentSpec{"CLIENT", ValueKind::clientName,
                                             "name of the client, or \"(Default Rates)\" for the rates of everybody"}};
 constexpr std::array rateId{ArgumentSpec{"ID", ValueKind::id, "record id of the rate"}};
 
+constexpr std::array timerNumber{
+    ArgumentSpec{"TIMER", ValueKind::choice, "number of the timer", true, false, "1|2|3|4"}};
 constexpr std::array entryId{ArgumentSpec{"ID", ValueKind::id, "record id of the entry"}};
 constexpr std::array entryIds{ArgumentSpec{"ID", ValueKind::id, "record ids of the entries", true, true}};
 constexpr std::array expenseId{ArgumentSpec{"ID", ValueKind::id, "record id of the expense"}};
@@ -130,6 +140,7 @@ constexpr std::array databaseAndProperties{
 constexpr std::array topicTable{
     TopicSpec{"entry", "time entries"},
     TopicSpec{"expense", "general and mileage expenses"},
+    TopicSpec{"timer", "the timers of the running window"},
     TopicSpec{"client", "clients, with all that belongs to them"},
     TopicSpec{"project", "the projects of a client and their tasks"},
     TopicSpec{"task", "the tasks of a client"},
@@ -177,6 +188,19 @@ constexpr std::array commandTable{
     CommandSpec{"expense", "show", "print one expense", expenseId, {&properties}, expenseShow},
     CommandSpec{"expense", "list", "print the expenses of a period", {}, {&period, &expenseFilter, &all}, expenseList},
     CommandSpec{"expense", "delete", "delete expenses", expenseIds, {}, expenseDelete},
+    CommandSpec{"timer", "list", "print the timers in use", {}, {}, timerList},
+    CommandSpec{"timer", "add", "start a timer and print its number", {}, {&timerAddGroup}, timerAdd},
+    CommandSpec{"timer", "pause", "pause a timer", timerNumber, {}, timerPause},
+    CommandSpec{"timer", "resume", "let a paused timer run", timerNumber, {}, timerResume},
+    CommandSpec{
+        "timer", "edit", "change what a timer has counted, or its note", timerNumber, {&timerEditGroup}, timerEdit},
+    CommandSpec{"timer",
+                "complete",
+                "open the editor on a timer's entry, or save it and print its record id",
+                timerNumber,
+                {&timerSaveGroup},
+                timerComplete},
+    CommandSpec{"timer", "cancel", "free a timer without an entry", timerNumber, {}, timerCancel},
     CommandSpec{"client", "add", "add a client and print its client id", newClient, {}, clientAdd},
     CommandSpec{"client", "list", "print all clients with their client ids", {}, {}, clientList},
     CommandSpec{"client",

@@ -26,6 +26,14 @@ ExitCode periodWeek(Session& session, const Arguments& arguments);
 ExitCode periodMonth(Session& session, const Arguments& arguments);
 ExitCode periodCustom(Session& session, const Arguments& arguments);
 
+ExitCode timerList(Session& session, const Arguments& arguments);
+ExitCode timerAdd(Session& session, const Arguments& arguments);
+ExitCode timerPause(Session& session, const Arguments& arguments);
+ExitCode timerResume(Session& session, const Arguments& arguments);
+ExitCode timerEdit(Session& session, const Arguments& arguments);
+ExitCode timerComplete(Session& session, const Arguments& arguments);
+ExitCode timerCancel(Session& session, const Arguments& arguments);
+
 ExitCode clientAdd(Session& session, const Arguments& arguments);
 ExitCode clientList(Session& session, const Arguments& arguments);
 ExitCode clientTree(Session& session, const Arguments& arguments);

@@ -131,6 +131,12 @@ void Session::announceChanges() {
     changed_ = false;
 }
 
+platform::InstanceReply Session::askWindow(std::string payload) {
+    constexpr std::chrono::milliseconds patience{5000};
+    return platform::makeInstanceChannel(directories().runtime)
+        ->send({.kind = platform::InstanceMessageKind::timerCommand, .payload = std::move(payload)}, patience);
+}
+
 void Session::addReason(std::string_view reason) {
     if (!reason.empty())
         environment_.writeError(std::string(reason) + '\n');

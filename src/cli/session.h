@@ -6,6 +6,7 @@
 #include "cli/environment.h"
 #include "cli/output.h"
 #include "platform/clock.h"
+#include "platform/instance_channel.h"
 #include "platform/locale.h"
 #include "platform/named_mutex.h"
 #include "platform/object_store.h"
@@ -60,6 +61,9 @@ public:
 
     /// Tells a running window when the command has changed records; it is not waited for.
     void announceChanges();
+
+    /// Hands a timer command to the running window and waits a few seconds for the reply.
+    [[nodiscard]] platform::InstanceReply askWindow(std::string payload);
 
     /// Shows a message of the string table, and below it what there is to add.
     ExitCode refuse(resources::StringId message, std::string_view reason = {});

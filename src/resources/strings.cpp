@@ -172,6 +172,9 @@ constexpr std::array table = {
                                         u"since. Nothing was changed."},
     Row{StringId::redoChangedMeanwhile, u"This cannot be redone: its records have been changed by something else "
                                         u"since. Nothing was changed."},
+    Row{StringId::windowNotRunning, u"Hourwright is not running."},
+    Row{StringId::timersAllInUse, u"All four timers are in use."},
+    Row{StringId::noSuchTimer, u"There is no such timer."},
 };
 
 static_assert(std::ranges::is_sorted(table, {}, &Row::id));

@@ -147,6 +147,9 @@ enum class StringId : std::uint16_t {
     nothingToRedo = 9291,
     undoChangedMeanwhile = 9292,
     redoChangedMeanwhile = 9293,
+    windowNotRunning = 9310,
+    timersAllInUse = 9311,
+    noSuchTimer = 9312,
 };
 
 /// The text with this number; empty for a number that is not in the table.
