@@ -2,6 +2,7 @@
 
 #include "billing/replace_structure.h"
 #include "desktop/structure/button_column.h"
+#include "desktop/structure/list_keys.h"
 #include "desktop/structure/name_dialog.h"
 #include "platform/qt/qt_text.h"
 #include "resources/texts/structure.h"
@@ -167,19 +168,10 @@ void DropListsDialog::deleteSelected() {
 bool DropListsDialog::eventFilter(QObject* watched, QEvent* event) {
     if (watched != items_ || event->type() != QEvent::KeyPress)
         return Dialog::eventFilter(watched, event);
-    const auto run = [](std::unique_ptr<Dialog> dialog) {
-        if (dialog)
-            dialog->exec();
-        return true;
-    };
-    switch (static_cast<QKeyEvent*>(event)->key()) {
-    case Qt::Key_Insert: return run(addDialog());
-    case Qt::Key_F2:
-    case Qt::Key_Return:
-    case Qt::Key_Enter: return run(changeDialog());
-    case Qt::Key_Delete: deleteSelected(); return true;
-    default: return Dialog::eventFilter(watched, event);
-    }
+    const ListKeys keys{.add = [this] { return addDialog(); },
+                        .change = [this] { return changeDialog(); },
+                        .remove = [this] { deleteSelected(); }};
+    return runListKey(keys, static_cast<QKeyEvent*>(event)->key()) || Dialog::eventFilter(watched, event);
 }
 
 } // namespace hourwright::desktop

@@ -2,6 +2,7 @@
 
 #include "desktop/screen_size.h"
 #include "desktop/structure/button_column.h"
+#include "desktop/structure/list_keys.h"
 #include "desktop/structure/rate_dialog.h"
 #include "platform/number_text.h"
 #include "platform/qt/qt_text.h"
@@ -151,19 +152,10 @@ void RateSetupDialog::deleteSelected() {
 bool RateSetupDialog::eventFilter(QObject* watched, QEvent* event) {
     if (watched != list_ || event->type() != QEvent::KeyPress)
         return Dialog::eventFilter(watched, event);
-    const auto run = [](std::unique_ptr<Dialog> dialog) {
-        if (dialog)
-            dialog->exec();
-        return true;
-    };
-    switch (static_cast<QKeyEvent*>(event)->key()) {
-    case Qt::Key_Insert: return run(addDialog());
-    case Qt::Key_F2:
-    case Qt::Key_Return:
-    case Qt::Key_Enter: return run(editDialog());
-    case Qt::Key_Delete: deleteSelected(); return true;
-    default: return Dialog::eventFilter(watched, event);
-    }
+    const ListKeys keys{.add = [this] { return addDialog(); },
+                        .change = [this] { return editDialog(); },
+                        .remove = [this] { deleteSelected(); }};
+    return runListKey(keys, static_cast<QKeyEvent*>(event)->key()) || Dialog::eventFilter(watched, event);
 }
 
 } // namespace hourwright::desktop
