@@ -11,6 +11,7 @@ target_compile_options(hourwright_options INTERFACE -ffp-contract=off)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   target_compile_options(hourwright_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
 endif()
+target_link_libraries(hourwright_options INTERFACE hourwright_hardening)
 target_include_directories(hourwright_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 if(HOURWRIGHT_SANITIZE)
   target_compile_options(hourwright_options INTERFACE
