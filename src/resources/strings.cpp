@@ -175,6 +175,27 @@ constexpr std::array table = {
     Row{StringId::windowNotRunning, u"Hourwright is not running."},
     Row{StringId::timersAllInUse, u"All four timers are in use."},
     Row{StringId::noSuchTimer, u"There is no such timer."},
+    Row{StringId::restoreOffer,
+        u"The file of your records is damaged and cannot be used.\n\nThe newest sound copy was made on %s and has %s "
+        u"records. What was recorded after that is not in it.\n\nDo you want to put this copy in the file's place? The "
+        u"damaged file is kept under another name."},
+    Row{StringId::restoreQuestion, u"Do you want to go back to the copy made on %s with %s records? What was recorded "
+                                   u"after that is not in it. The "
+                                   u"present file is kept under another name."},
+    Row{StringId::copyRestored, u"The copy was restored. The file that was there before is kept as\n%s"},
+    Row{StringId::copyNotRestored, u"The copy could not be restored. Your files are as they were."},
+    Row{StringId::copyNotMade, u"No copy of the records could be made."},
+    Row{StringId::copyDamaged, u"This copy is damaged. It was not restored."},
+    Row{StringId::noSuchCopy, u"There is no copy of this name."},
+    Row{StringId::recordsInUse, u"The records are in use by another program. Close it and try again."},
+    Row{StringId::automaticCopyFailed,
+        u"The daily copy of your records could not be made in\n%s\n\nYour records are not affected. Hourwright tries "
+        u"again at every start, but will not tell you again."},
+    Row{StringId::recordsDamaged,
+        u"Some of your records are damaged, so they were not copied today. The copies that are there are kept.\n\nThe "
+        u"newest copy was made on %s and has %s records. It can be restored in \"About...\"."},
+    Row{StringId::restoreAtNextStart,
+        u"The copy will be restored when Hourwright is started again. Hourwright ends now."},
 };
 
 static_assert(std::ranges::is_sorted(table, {}, &Row::id));

@@ -150,6 +150,17 @@ enum class StringId : std::uint16_t {
     windowNotRunning = 9310,
     timersAllInUse = 9311,
     noSuchTimer = 9312,
+    restoreOffer = 9330,
+    restoreQuestion = 9331,
+    copyRestored = 9332,
+    copyNotRestored = 9333,
+    copyNotMade = 9334,
+    copyDamaged = 9335,
+    noSuchCopy = 9336,
+    recordsInUse = 9337,
+    automaticCopyFailed = 9338,
+    recordsDamaged = 9339,
+    restoreAtNextStart = 9340,
 };
 
 /// The text with this number; empty for a number that is not in the table.
