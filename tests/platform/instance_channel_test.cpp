@@ -213,12 +213,12 @@ TEST_F(InstanceChannelTest, OfManyAtOnceOneIsFirst) {
         children.push_back(inChild([&] {
             char byte = 0;
             go.closeInput();
-            static_cast<void>(read(go.output(), &byte, 1));
+            const bool started = read(go.output(), &byte, 1) == 0;
             const auto claimed = channel()->claim();
             const char result = claimed.claim == Claim::first ? 'f' : claimed.claim == Claim::otherRuns ? 'o' : 'x';
             const bool told = write(results.input(), &result, 1) == 1;
             std::this_thread::sleep_for(300ms);
-            return told;
+            return started && told;
         }));
     go.closeInput();
     for (const pid_t child : children)
