@@ -3,7 +3,9 @@
 #include "exchange/ansi_tables.h"
 #include "platform/utf.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace hourwright::exchange {
 
@@ -41,16 +43,6 @@ constexpr std::array charsets = {
 
 } // namespace
 
-char16_t decodeAnsiByte(std::uint16_t codePage, unsigned char byte) {
-    if (codePage == symbol)
-        return byte < 0x20 ? char16_t{byte} : static_cast<char16_t>(0xF000 + byte);
-    if (byte < 0x80)
-        return byte;
-    if (codePage != western)
-        return upperAnsiCharacter(codePage, byte);
-    return byte < 0xA0 ? westernHigh[byte - 0x80U] : char16_t{byte};
-}
-
 bool isMultiByteCodePage(std::uint16_t codePage) {
     return codePage == utf8 || codePage == 932 || codePage == 936 || codePage == 949 || codePage == 950;
 }
@@ -62,17 +54,38 @@ std::size_t sizeOfCharacter(std::uint16_t codePage, unsigned char lead) {
     return single ? 1 : 2;
 }
 
-void appendMultiByte(std::u16string& out, std::uint16_t codePage, std::string_view bytes) {
+char16_t AnsiDecoder::character(std::uint16_t codePage, unsigned char byte) {
+    if (codePage == symbol)
+        return byte < 0x20 ? char16_t{byte} : static_cast<char16_t>(0xF000 + byte);
+    if (byte < 0x80)
+        return byte;
+    if (codePage == western)
+        return byte < 0xA0 ? westernHigh[byte - 0x80U] : char16_t{byte};
+    const char16_t windows = upperAnsiCharacter(codePage, byte);
+    const auto single = static_cast<char>(byte);
+    return windows != replacement ? windows : read(codePage, {&single, 1});
+}
+
+void AnsiDecoder::append(std::u16string& out, std::uint16_t codePage, std::string_view bytes) {
     if (codePage == utf8) {
         out += platform::toUtf16(bytes);
         return;
     }
-    std::size_t i = 0;
-    while (i < bytes.size()) {
-        const auto lead = static_cast<unsigned char>(bytes[i]);
-        out.push_back(lead < 0x80 ? char16_t{lead} : replacement);
-        i += sizeOfCharacter(codePage, lead);
+    out.push_back(read(codePage, bytes));
+    const auto last = static_cast<unsigned char>(bytes.back());
+    if (out.back() == replacement && last < 0x80)
+        out.push_back(last);
+}
+
+char16_t AnsiDecoder::read(std::uint16_t codePage, std::string_view bytes) {
+    auto found = std::ranges::find(readers_, codePage, &Reader::codePage);
+    if (found == readers_.end()) {
+        auto reader = platform::makeCodePageReader(codePage);
+        if (reader == nullptr)
+            return replacement;
+        found = readers_.insert(found, {codePage, std::move(reader)});
     }
+    return found->reader->character(bytes);
 }
 
 std::uint16_t codePageOfCharset(std::int32_t charset, std::uint16_t documentPage) {

@@ -37,6 +37,7 @@ constexpr std::array rows = {
     Row{"plain", plain},
     Row{"pard", paragraphDefaults},
     Row{"f", font},
+    Row{"deff", defaultFont},
     Row{"fcharset", fontCharset},
     Row{"cpg", fontCodePage},
     Row{"ansicpg", codePage},

@@ -20,6 +20,7 @@ enum class RtfKeyword : std::uint8_t {
     plain,
     paragraphDefaults,
     font,
+    defaultFont,
     fontCharset,
     fontCodePage,
     codePage,

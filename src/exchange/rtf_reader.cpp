@@ -1,7 +1,5 @@
 #include "exchange/rtf_reader.h"
 
-#include "exchange/ansi_bytes.h"
-
 #include <algorithm>
 #include <array>
 
@@ -11,7 +9,7 @@ namespace {
 
 // Groups nested deeper take back nothing when they close; no word processor comes near it.
 constexpr std::size_t maxDepth = 256;
-constexpr std::size_t maxFonts = 256;
+constexpr std::size_t maxFonts = 1024;
 
 // Printable ASCII that stands for itself.
 constexpr auto ordinary = [] {
@@ -72,6 +70,7 @@ void RtfReader::reset(std::string_view bytes, RtfSink& sink) {
     listText_.clear();
     pending_.clear();
     fonts_.clear();
+    defaultFont_.reset();
     documentPage_ = 1252;
     bulletWritten_ = false;
     paragraphOpen_ = false;
@@ -142,6 +141,8 @@ void RtfReader::closeGroup() {
     stack_.pop_back();
     if (closed == Destination::listText && state_.destination == Destination::text)
         finishListText();
+    if (closed == Destination::fontTable && state_.destination == Destination::text)
+        selectDefaultFont();
 }
 
 // A group that is not closed before the end of the bytes has lost its meaning and goes.
@@ -236,6 +237,7 @@ void RtfReader::textWord(const RtfKeywordInfo& info, const RtfWord& found) {
     case font:
     case fontCharset:
     case fontCodePage: fontWord(info.keyword, found.number.value_or(0)); break;
+    case defaultFont: defaultFont_ = found.number; break;
     case codePage: setDocumentPage(asCodePage(found.number.value_or(0))); break;
     case namedCodePage: setDocumentPage(info.value); break;
     default: formatWord(info.keyword, found);
@@ -253,7 +255,7 @@ void RtfReader::formatWord(RtfKeyword keyword, const RtfWord& found) {
     case hidden: state_.format.hidden = on; break;
     case plain:
         state_.format = {};
-        state_.codePage = documentPage_;
+        selectDefaultFont();
         break;
     case paragraphDefaults: state_.bullet = false; break;
     case unicodeSkip: state_.unicodeSkip = std::max(found.number.value_or(1), 0); break;
@@ -268,8 +270,9 @@ void RtfReader::fontWord(RtfKeyword keyword, std::int32_t number) {
         return;
     }
     if (keyword == RtfKeyword::font) {
-        if (fonts_.size() < maxFonts)
-            fonts_.push_back({number, documentPage_});
+        if (fonts_.size() == maxFonts)
+            fonts_.pop_back();
+        fonts_.push_back({number, documentPage_});
     } else if (!fonts_.empty()) {
         fonts_.back().codePage =
             keyword == RtfKeyword::fontCharset ? codePageOfCharset(number, documentPage_) : asCodePage(number);
@@ -279,6 +282,14 @@ void RtfReader::fontWord(RtfKeyword keyword, std::int32_t number) {
 void RtfReader::selectFont(std::int32_t number) {
     const auto font = std::ranges::find(fonts_, number, &Font::number);
     state_.codePage = font != fonts_.end() ? font->codePage : documentPage_;
+}
+
+// Text before the first choice of a font is in the default one.
+void RtfReader::selectDefaultFont() {
+    if (defaultFont_)
+        selectFont(*defaultFont_);
+    else
+        state_.codePage = documentPage_;
 }
 
 void RtfReader::setDocumentPage(std::uint16_t codePage) {
@@ -309,7 +320,7 @@ void RtfReader::plainBytes() {
 
 void RtfReader::putByte(unsigned char byte) {
     if (!isMultiByteCodePage(state_.codePage))
-        return putUnit(decodeAnsiByte(state_.codePage, byte));
+        return putUnit(ansi_.character(state_.codePage, byte));
     if (pending_.empty() && byte < 0x80)
         return putUnit(byte);
     pending_.push_back(static_cast<char>(byte));
@@ -348,7 +359,7 @@ void RtfReader::flushBytes() {
     if (pending_.empty())
         return;
     std::u16string decoded;
-    appendMultiByte(decoded, state_.codePage, pending_);
+    ansi_.append(decoded, state_.codePage, pending_);
     pending_.clear();
     for (const char16_t unit : decoded)
         putUnit(unit);

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "exchange/ansi_bytes.h"
 #include "exchange/note_document.h"
 #include "exchange/rtf_keywords.h"
 #include "exchange/rtf_scan.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -70,6 +72,7 @@ private:
     void formatWord(RtfKeyword keyword, const RtfWord& word);
     void fontWord(RtfKeyword keyword, std::int32_t number);
     void selectFont(std::int32_t number);
+    void selectDefaultFont();
     void setDocumentPage(std::uint16_t codePage);
 
     void plainBytes();
@@ -98,6 +101,8 @@ private:
     std::u16string listText_;
     std::string pending_; // first bytes of a multi-byte character in the current code page
     std::vector<Font> fonts_;
+    std::optional<std::int32_t> defaultFont_;
+    AnsiDecoder ansi_;
     std::uint16_t documentPage_ = 1252;
     bool bulletWritten_ = false; // the paragraph began with a written-out bullet
     bool paragraphOpen_ = false;

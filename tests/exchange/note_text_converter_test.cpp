@@ -80,15 +80,44 @@ TEST(NoteTextConverter, CodePages) {
         {"\\ansicpg65001 \\'e2\\'82\\'ac\xE2\x82\xAC.", u"€€."},
         {"\\ansicpg65001 \\'e2\\'82x\\'e2\\par y", u"\uFFFD\uFFFDx\uFFFD\r\ny"},
         {"\\ansicpg65001 a\\'e2\\'00\\'0db", u"a\uFFFD\r\nb"},
-        {"\\ansicpg932 \\'83\\'41\\'83A\\'83\\\\b", u"\uFFFD\uFFFD\uFFFDb"},
         {"\\ansicpg1250 \\'e8\\'9a", u"čš"},
         {"\\ansicpg1251 \\'cf\\'f0\xE8", u"При"},
         {"\\ansicpg874 \\'a1\\'ff", u"\u0E01\uFFFD"},
         {"\\ansicpg1258 \\'ff", u"ÿ"},
-        {"\\mac \\'8a", u"\uFFFD"},
+        {"\\mac \\'8a\\'d0", u"ä–"},
+        {"\\pc \\'8a", u"è"},
+        {"\\pca \\'d0", u"ð"},
+        {"\\ansicpg1361 \\'8a", u"\uFFFD"},
         {"{\\fonttbl{\\f0\\fcharset204 A;}{\\f1\\cpg1253 B;}}\\f0\\'e4\\f1\\'e4\\plain\\'e4", u"дδä"},
         {"{\\fonttbl{\\f0\\fcharset0 A;}{\\f1\\fcharset2 S;}}\\f1\\'b7\\f0\\'b7", u"\uF0B7\u00B7"},
         {"\\ansicpg1251{\\fonttbl{\\f7\\fcharset0 A;}}{\\f7\\'e4}\\'e4", u"äд"},
+        {"\\deff1{\\fonttbl{\\f0\\fcharset0 A;}{\\f1\\fcharset204 B;}}\\'e4\\f0\\'e4\\plain\\'e4", u"дäд"},
+        {"\\ansicpg1253\\deff9{\\fonttbl{\\f0\\fcharset0 A;}}\\'e4", u"δ"},
+    };
+    expectTexts(cases);
+}
+
+TEST(NoteTextConverter, CharactersOfTwoBytes) {
+    const RtfCase cases[] = {
+        {"\\ansicpg932 \\'83\\'5c\\'95\\'5c\\'94\\'5c", u"ソ表能"},
+        {"\\ansicpg932 \\'83\\\\\\'83A\\'83\\{\\'83\\}", u"ソアボマ"},
+        {"\\ansicpg932 \x83\\'41\x83g\xB1\\'b2x", u"アトｱｲx"},
+        {"\\ansicpg936 \\'d6\\'d0\\'ce\\'c4\\'80", u"中文€"},
+        {"\\ansicpg949 \\'c7\\'d1\\'b1\\'b9\\'8c\\'63", u"한국똠"},
+        {"\\ansicpg950 \\'a5\\'5c\\'b3\\'5c\\'bb\\'5c", u"功許蓋"},
+        {"\\ansicpg932 \\'82\r\n\\'a0", u"あ"},
+        {"\\ansicpg932 \\uc2\\u12354\\'82\\'a0.", u"あ."},
+        // What is no pair costs its lead byte only.
+        {"\\ansicpg932 \\'82 1\\'82\\'30\\'82\\\\'", u"\uFFFD 1\uFFFD0\uFFFD\\'"},
+        {"\\ansicpg932 \\'82\\par\\'b1\\'82{\\'b1}\\'82\\b\\'b1", u"\uFFFD\r\nｱ\uFFFDｱ\uFFFDｱ"},
+        {"\\ansicpg949 \\'b0[\\'81\\'40\\'b0\\'80x", u"\uFFFD[\uFFFD@\uFFFDx"},
+        {"\\ansicpg936 \\'d6\\'00x\\'d6", u"\uFFFDx\uFFFD"},
+        // The font decides, whatever the document is in.
+        {"\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fcharset0 A;}{\\f1\\fcharset128 B;}{\\f2\\fcharset129 C;}"
+         "{\\f3\\fcharset134 D;}{\\f4\\fcharset136 "
+         "E;}}\\'e4\\f1\\'82\\'a0\\f2\\'c7\\'d1{\\f3\\'d6\\'d0}\\f4\\'a4\\'a4\\f0\\'e4",
+         u"äあ한中中ä"},
+        {"\\deff1{\\fonttbl{\\f1\\fcharset128 B;}}\\pard\\'82\\'a0", u"あ"},
     };
     expectTexts(cases);
 }
