@@ -51,6 +51,27 @@ std::vector<NoteItem> itemsOf(const NoteDocument& note, Wanted wanted) {
     return items;
 }
 
+// Takes away what is still there, as often as it is.
+void takeOff(std::vector<NoteItem>& items, const std::vector<NoteItem>& still) {
+    for (const NoteItem& item : still)
+        if (const auto found = std::ranges::find(items, item); found != items.end())
+            items.erase(found);
+}
+
+// Neighbours of one format, between which something was taken out, become one run.
+void joinRuns(std::vector<NoteItem>& items) {
+    std::vector<NoteItem> joined;
+    for (NoteItem& item : items) {
+        auto* const last = joined.empty() ? nullptr : std::get_if<TextRun>(&joined.back());
+        const auto* const run = std::get_if<TextRun>(&item);
+        if (last != nullptr && run != nullptr && last->format == run->format)
+            last->text += run->text;
+        else
+            joined.push_back(std::move(item));
+    }
+    items = std::move(joined);
+}
+
 bool hasPicture(const NoteItem& item) {
     const auto* drawing = std::get_if<InkDrawing>(&item);
     return drawing != nullptr && drawing->picture;
@@ -74,16 +95,15 @@ void giveBack(NoteItem& item, std::vector<NoteItem>& drawings) {
 
 NoteDocument withLostObjects(NoteDocument edited, const NoteDocument& before) {
     auto drawings = itemsOf(before, hasPicture);
-    for (const NoteItem& still : itemsOf(edited, hasPicture))
-        std::erase(drawings, still);
+    takeOff(drawings, itemsOf(edited, hasPicture));
     for (NoteParagraph& paragraph : edited.paragraphs) {
-        std::erase_if(paragraph.items, isSpareForm);
+        if (std::erase_if(paragraph.items, isSpareForm) > 0)
+            joinRuns(paragraph.items);
         for (NoteItem& item : paragraph.items)
             giveBack(item, drawings);
     }
     auto lost = itemsOf(before, isUnseen);
-    for (const NoteItem& still : itemsOf(edited, isUnseen))
-        std::erase(lost, still);
+    takeOff(lost, itemsOf(edited, isUnseen));
     if (lost.empty())
         return edited;
     if (edited.paragraphs.empty())

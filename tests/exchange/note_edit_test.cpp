@@ -145,6 +145,13 @@ TEST(NoteMerge, GivesBackWhatWordProcessorsDrop) {
     };
     for (const Case& c : cases)
         EXPECT_EQ(withLostObjects(c.edited, before), c.merged) << c.name;
+
+    const NoteDocument twice{{{false, {voice, voice, ink, ink}}}};
+    EXPECT_EQ(withLostObjects({{{false, {voice, ink, picture("\\picw90\\pich60")}}}}, twice),
+              (NoteDocument{{{false, {voice, ink, ink, voice}}}}));
+    const ForeignGroup spare{"{\\nonshppict{\\pict 1}}"};
+    EXPECT_EQ(withLostObjects({{{false, {text, spare, TextRun{u"b", {}}, spare, text}}}}, {}),
+              (NoteDocument{{{false, {TextRun{u"aba", {}}}}}}));
 }
 
 TEST(NoteSize, CountsBytesAndNotTheirDigits) {
