@@ -120,6 +120,8 @@ std::optional<TimerRequest> unpackTimerRequest(std::span<const std::byte> bytes)
     if (!takeOptionalSeconds(in, request.duration) || !takeOptionalSeconds(in, request.breakTime) ||
         !takeFlag(in, hasNote) || !takeText(in, note) || !takeFlag(in, request.save) || !in.finished())
         return std::nullopt;
+    if ((!hasStart && start.ticks != 0) || (!hasNote && !note.empty()))
+        return std::nullopt;
     if (hasStart)
         request.start = start;
     if (hasNote)

@@ -51,6 +51,9 @@ TEST(TimerMessages, AreRefusedWhenDamaged) {
     auto slot = packed(TimerRequest{});
     slot[1] = std::byte{4};
     EXPECT_FALSE(unpackTimerRequest(slot));
+    auto startWithoutFlag = packed(TimerRequest{});
+    startWithoutFlag[7] = std::byte{1};
+    EXPECT_FALSE(unpackTimerRequest(startWithoutFlag));
 }
 
 } // namespace
