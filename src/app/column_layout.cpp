@@ -119,7 +119,7 @@ bool saveColumnLayout(platform::Registry& registry, ColumnList list, const Colum
     bool saved = key->writeBinary(values.order, bytesOf(layout.order));
     for (std::size_t column = 0; column < columns; ++column)
         saved = key->writeDword(widthName(values, column), layout.widths[column]) && saved;
-    return saved;
+    return batch->commit() && saved;
 }
 
 } // namespace hourwright::app

@@ -137,6 +137,9 @@ TEST_F(ColumnLayoutTest, FailuresAreSilent) {
     registry_.failCreate = true;
     EXPECT_TRUE(load() == layout);
     EXPECT_FALSE(saveColumnLayout(registry_, ColumnList::entries, layout));
+    registry_.failCreate = false;
+    registry_.failCommit = true;
+    EXPECT_FALSE(saveColumnLayout(registry_, ColumnList::entries, layout));
 }
 
 } // namespace
