@@ -272,6 +272,10 @@ EntryDraft touchedOnly(EntryDraft draft, const EntryDraft& opened) {
               &EntryDraft::billTo, &EntryDraft::rate, &EntryDraft::chosenRate, &EntryDraft::rateType,
               &EntryDraft::currency, &EntryDraft::custom1, &EntryDraft::custom2, &EntryDraft::custom3,
               &EntryDraft::paidDate, &EntryDraft::note);
+    if (opened.withoutStart && typed.withoutStart) { // what its date has of a time of day stays
+        draft.withoutStart = false;
+        draft.start.reset();
+    }
     if (opened.withoutStart && !typed.withoutStart)
         draft.start = typed.start;
     if (typed.duration && typed.duration->empty())

@@ -239,6 +239,24 @@ TEST(EntryDraft, savingAnUntouchedDraftChangesNoNumber) {
     EXPECT_EQ(entry, expected);
 }
 
+// Other programs may have dated an entry without a start time at any time of day.
+TEST(EntryDraft, aTimeOfDayThatIsNoStartTimeStaysUnlessTouched) {
+    TimeEntry entry;
+    entry.task = u"Review";
+    entry.duration = 100;
+    entry.date = *platform::toFileTime({.year = 2026, .month = 11, .day = 16, .hour = 14, .second = 33});
+    const TimeEntry before = entry;
+    entry.id = store::RecordId{7};
+    const EntryDraft opened = draftOf(entry, now);
+    EntryDraft draft = opened;
+    draft.start = platform::SystemTime{}; // shown, but not checked
+    ASSERT_EQ(applyDraft(touchedOnly(draft, opened), {}, entry), std::nullopt);
+    EXPECT_EQ(entry.date, before.date);
+    draft.date->day = 17;
+    ASSERT_EQ(applyDraft(touchedOnly(draft, opened), {}, entry), std::nullopt);
+    EXPECT_EQ(entry.date, platform::toFileTime({.year = 2026, .month = 11, .day = 17}));
+}
+
 TEST(EntryDraft, whatIsMissingInANewEntryCountsAsTouched) {
     TimeEntry entry;
     store::setDateWithoutStart(entry, day);
