@@ -30,7 +30,7 @@ FilterChoices::FilterChoices(store::Stores& stores, const platform::Locale& user
 Texts FilterChoices::sorted(Texts texts) const {
     std::erase_if(texts, [](const auto& text) { return text.empty(); });
     std::ranges::sort(texts, [this](const auto& a, const auto& b) { return locale_.compareStrictly(a, b) < 0; });
-    texts.erase(std::ranges::unique(texts).begin(), texts.end());
+    texts.erase(std::unique(texts.begin(), texts.end()), texts.end());
     return texts;
 }
 

@@ -23,9 +23,6 @@ using store::DatabaseKind;
 using store::RecordId;
 using store::RecordStore;
 
-constexpr PropertyId clientIdProperty{field::clientId, ValueType::ui4};
-constexpr PropertyId kindProperty{field::kind, ValueType::ui2};
-
 // A record of a list or of the client structure. All but the id and the flags tells it from others of its database.
 struct Item {
     RecordId id = RecordId::none;

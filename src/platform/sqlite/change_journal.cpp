@@ -120,8 +120,9 @@ bool ChangeJournal::end() {
 
 bool ChangeJournal::store() {
     std::ranges::sort(records_);
-    const auto repeated = std::ranges::unique(records_);
-    running_.step.records = static_cast<std::uint64_t>(repeated.begin() - records_.begin());
+    // Not std::ranges::unique: clang 14 cannot read what the standard library of gcc 12 makes of it.
+    const auto end = std::unique(records_.begin(), records_.end());
+    running_.step.records = static_cast<std::uint64_t>(end - records_.begin());
     auto known = steps();
     if (!known || !dropUndone(*known) || !dropOldest(*known, static_cast<std::uint64_t>(running_.bytes)))
         return false;
