@@ -4,18 +4,21 @@ DESTDIR ?=
 JOBS ?= 2
 # How many entries the stores of `make bench` hold.
 ENTRIES ?= 1000000
+# How long `make fuzz` tries each target.
+SECONDS ?= 60
 
 launcher := $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 configure = cmake --log-level=WARNING --preset $(1) $(launcher)
 build = cmake --build --preset $(1) -j $(JOBS)
 
-.PHONY: help run test bench faults install package asan tidy format clean setup
+.PHONY: help run test bench faults fuzz install package asan tidy format clean setup
 
 help:
 	@echo "make run      build and open the window on made-up records; without a display, a tour and pictures"
 	@echo "make test     build everything and run all tests"
 	@echo "make bench    build with optimisation and run the benchmarks"
 	@echo "make faults   kills, power losses, failing calls, full disks and damaged files, all of them"
+	@echo "make fuzz     build the fuzz targets and run each for SECONDS ($(SECONDS)) seconds"
 	@echo "make install  install below PREFIX ($(PREFIX)), staged in DESTDIR when given"
 	@echo "make package  build a Debian package, build/release/hourwright_*.deb"
 	@echo "make asan     all tests with the address and undefined-behaviour sanitizers"
@@ -46,6 +49,12 @@ faults: setup
 	$(call configure,release)
 	$(call build,release) --target hwctl
 	PYTHONDONTWRITEBYTECODE=1 python3 tests/faults/faults.py --hwctl build/release/bin/hwctl --long
+
+fuzz:
+	@tools/setup clang libclang-rt-14-dev
+	$(call configure,fuzz)
+	$(call build,fuzz) --target fuzz_targets
+	fuzz/run build/fuzz/bin $(SECONDS)
 
 install: setup
 	$(call configure,release)

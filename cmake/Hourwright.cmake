@@ -15,7 +15,7 @@ target_link_libraries(hourwright_options INTERFACE hourwright_hardening)
 target_include_directories(hourwright_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 if(HOURWRIGHT_SANITIZE)
   target_compile_options(hourwright_options INTERFACE
-    -fsanitize=${HOURWRIGHT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    -fsanitize=${HOURWRIGHT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS)
   target_link_options(hourwright_options INTERFACE -fsanitize=${HOURWRIGHT_SANITIZE})
 endif()
 
