@@ -17,6 +17,11 @@ if(HOURWRIGHT_SANITIZE)
   target_compile_options(hourwright_options INTERFACE
     -fsanitize=${HOURWRIGHT_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS)
   target_link_options(hourwright_options INTERFACE -fsanitize=${HOURWRIGHT_SANITIZE})
+  # The environment of tests: what is reported, and what libraries keep until the end of a process and are forgiven.
+  set(HOURWRIGHT_SANITIZER_OPTIONS
+    "ASAN_OPTIONS=strict_string_checks=1:detect_stack_use_after_return=1:check_initialization_order=1"
+    "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0"
+    "UBSAN_OPTIONS=print_stacktrace=1" "TSAN_OPTIONS=second_deadlock_stack=1")
 endif()
 
 # One library a floor: every source below the current folder but those in the EXCLUDE folders, and the floors it may
@@ -43,6 +48,6 @@ function(hourwright_tests floor)
   target_link_libraries(${floor}_test PRIVATE hourwright_test_support ${ARGN})
   foreach(locale IN ITEMS C de_DE.UTF-8)
     add_test(NAME ${floor}.${locale} COMMAND ${floor}_test --gtest_brief=1)
-    set_tests_properties(${floor}.${locale} PROPERTIES ENVIRONMENT "LC_ALL=${locale}")
+    set_tests_properties(${floor}.${locale} PROPERTIES ENVIRONMENT "LC_ALL=${locale};${HOURWRIGHT_SANITIZER_OPTIONS}")
   endforeach()
 endfunction()

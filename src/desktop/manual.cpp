@@ -1,22 +1,15 @@
 #include "desktop/manual.h"
 
 #include <QCoreApplication>
-#include <array>
 
 namespace hourwright::desktop {
 
 std::filesystem::path manualPage() {
+    // The programs of the build folder stand beside the manual like installed ones.
     const std::filesystem::path program = QCoreApplication::applicationDirPath().toStdString();
-    const std::array<std::filesystem::path, 2> places = {
-        program.parent_path() / HOURWRIGHT_DOC_DIR / "manual.html",
-        std::filesystem::path(HOURWRIGHT_SOURCE_DIR) / "docs" / "manual" / "manual.html",
-    };
-    for (const auto& place : places) {
-        std::error_code missing;
-        if (std::filesystem::is_regular_file(place, missing))
-            return place;
-    }
-    return {};
+    auto page = program.parent_path() / HOURWRIGHT_MANUAL;
+    std::error_code missing;
+    return std::filesystem::is_regular_file(page, missing) ? page : std::filesystem::path();
 }
 
 } // namespace hourwright::desktop

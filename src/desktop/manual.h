@@ -4,7 +4,7 @@
 
 namespace hourwright::desktop {
 
-/// The installed manual, or the one of the source tree that the program was built from; empty when neither is there.
+/// The manual that was installed with the program; empty when it is not there.
 [[nodiscard]] std::filesystem::path manualPage();
 
 } // namespace hourwright::desktop

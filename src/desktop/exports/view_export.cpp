@@ -2,6 +2,7 @@
 
 #include "desktop/background_run.h"
 #include "desktop/exports/export_note.h"
+#include "platform/cancellable_files.h"
 #include "platform/qt/qt_text.h"
 #include "resources/texts/exports.h"
 
@@ -33,40 +34,6 @@ private:
     BackgroundProgress& progress_;
 };
 
-// Stops writing as soon as the user cancels: the export then ends like one whose file cannot be written.
-class CancellableWriter : public platform::FileWriter {
-public:
-    CancellableWriter(std::unique_ptr<platform::FileWriter> writer, const std::atomic<bool>& cancelled)
-        : writer_(std::move(writer)), cancelled_(cancelled) {}
-
-    bool write(std::string_view bytes) override { return !cancelled_ && writer_->write(bytes); }
-    [[nodiscard]] bool canTakeBack() const override { return writer_->canTakeBack(); }
-    bool takeBack(std::uint64_t count) override { return writer_->takeBack(count); }
-    bool close() override { return writer_->close() && !cancelled_; }
-    [[nodiscard]] platform::PlatformError error() const override { return writer_->error(); }
-
-private:
-    std::unique_ptr<platform::FileWriter> writer_;
-    const std::atomic<bool>& cancelled_;
-};
-
-class CancellableFiles : public platform::Files {
-public:
-    CancellableFiles(platform::Files& files, const std::atomic<bool>& cancelled)
-        : files_(files), cancelled_(cancelled) {}
-
-    platform::CreatedFile create(const std::filesystem::path& path) override {
-        auto created = files_.create(path);
-        if (created.writer)
-            created.writer = std::make_unique<CancellableWriter>(std::move(created.writer), cancelled_);
-        return created;
-    }
-
-private:
-    platform::Files& files_;
-    const std::atomic<bool>& cancelled_;
-};
-
 struct Outcome {
     exchange::ExportResult result{.status = exchange::ExportStatus::readFailed};
     bool cancelled = false;
@@ -81,7 +48,7 @@ Outcome runOnWorker(Workspace& workspace, QWidget* window, const std::filesystem
     const BackgroundTexts texts{.label = platform::toQString(resources::exports::running), .mayCancel = true};
     runInBackground(window, texts, [&](BackgroundProgress& progress) {
         WorkerFilters filters(workspace, *worker->locales.user, progress);
-        CancellableFiles files(workspace.files(), progress.cancelled);
+        platform::CancellableFiles files(workspace.files(), progress.cancelled);
         outcome.result = work({.stores = *worker->stores,
                                .range = workspace.view().period().dateRange(),
                                .acceptsEntry = [&](const auto& entry) { return filters.accepts(entry); },
