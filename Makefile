@@ -11,7 +11,7 @@ launcher := $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache
 configure = cmake --log-level=WARNING --preset $(1) $(launcher)
 build = cmake --build --preset $(1) -j $(JOBS)
 
-.PHONY: help run test bench faults fuzz install package asan tidy format clean setup
+.PHONY: help run test bench faults fuzz install package asan tsan valgrind tidy format clean setup
 
 help:
 	@echo "make run      build and open the window on made-up records; without a display, a tour and pictures"
@@ -22,6 +22,8 @@ help:
 	@echo "make install  install below PREFIX ($(PREFIX)), staged in DESTDIR when given"
 	@echo "make package  build a Debian package, build/release/hourwright_*.deb"
 	@echo "make asan     all tests with the address and undefined-behaviour sanitizers"
+	@echo "make tsan     the engine's tests, those with threads among them, with the thread sanitizer"
+	@echo "make valgrind every command of hwctl's case files under valgrind"
 	@echo "make tidy     clang-tidy over every source"
 	@echo "make format   clang-format over every source"
 	@echo "make clean    remove the build folder"
@@ -59,18 +61,29 @@ fuzz:
 install: setup
 	$(call configure,release)
 	$(call build,release) --target hwctl pages hourwright
-	DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(PREFIX)"
+	umask 022 && DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(PREFIX)"
 
 package:
 	@tools/setup dpkg-dev
 	$(call configure,release)
 	$(call build,release) --target hwctl pages hourwright
-	cd build/release && cpack -G DEB
+	umask 022 && cd build/release && SOURCE_DATE_EPOCH=$${SOURCE_DATE_EPOCH:-$$(git log -1 --format=%ct || date +%s)} cpack -G DEB
 
 asan: setup
 	$(call configure,asan)
 	$(call build,asan)
 	ctest --preset asan -j $(JOBS)
+
+tsan: setup
+	$(call configure,tsan)
+	$(call build,tsan)
+	ctest --preset tsan -j $(JOBS)
+
+valgrind:
+	@tools/setup valgrind
+	$(call configure,release)
+	$(call build,release) --target hwctl
+	PYTHONDONTWRITEBYTECODE=1 python3 tests/memcheck/memcheck.py --hwctl build/release/bin/hwctl --jobs $(JOBS)
 
 tidy:
 	@tools/setup clang-tidy

@@ -65,9 +65,9 @@ class Report:
 
 
 def install(options, prefix):
-    # A careless umask must not reach the installed folders, nor a strict one lock others out.
+    # A careless umask must not make the installed folders writable for others.
     subprocess.run([options.cmake, "--install", options.build, "--prefix", prefix], check=True,
-                   stdout=subprocess.DEVNULL, umask=0o077)
+                   stdout=subprocess.DEVNULL, umask=0o002)
 
 
 def check_files(report, prefix):
