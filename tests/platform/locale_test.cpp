@@ -118,6 +118,11 @@ TEST(LocaleTest, shortDates) {
         {"fr_FR", SystemTime{}, u""},
         // Nothing known about the language: neutral, not what the process is set to.
         {"wa_BE", date(2010, 3, 1), u"2010-03-01"},
+        // Years of two digits, whatever the century; a word in the pattern.
+        {"en_US", date(2000, 10, 20), u"10/20/00"},
+        {"en_US", date(1905, 1, 31), u"1/31/05"},
+        {"de_DE", date(30827, 12, 31), u"31.12.27"},
+        {"bg_BG", date(2009, 3, 1), u"1.03.09 г."},
     };
     for (const auto& c : cases)
         EXPECT_EQ(locale(c.name)->shortDate(c.date), c.expected) << c.name << ' ' << c.date.year;

@@ -26,6 +26,17 @@ bool isSpecialBlank(char16_t c) {
     return c == u'\u00A0' || c == u'\u202F';
 }
 
+std::optional<NumericDate> numericDateOf(const icu::DateFormat& format) {
+    const auto* const simple = dynamic_cast<const icu::SimpleDateFormat*>(&format);
+    if (simple == nullptr)
+        return std::nullopt;
+    icu::UnicodeString pattern;
+    simple->toPattern(pattern);
+    std::u16string text(pattern.getBuffer(), static_cast<std::size_t>(pattern.length()));
+    std::ranges::replace_if(text, isSpecialBlank, u' ');
+    return NumericDate::parse(text);
+}
+
 template<typename Made>
 std::unique_ptr<Made> owned(Made* made) {
     if (made == nullptr)
@@ -48,6 +59,7 @@ IcuDateText::IcuDateText(const std::string& icuLocaleName) : days_(daysKept, {no
     const icu::Locale locale = formattingLocale(icuLocaleName);
     calendar_ = makeCalendar(locale);
     date_ = owned(icu::DateFormat::createDateInstance(icu::DateFormat::kShort, locale));
+    numericDate_ = numericDateOf(*date_);
     time_ = owned(icu::DateFormat::createTimeInstance(icu::DateFormat::kShort, locale));
 }
 
@@ -58,7 +70,8 @@ std::u16string IcuDateText::shortDate(const SystemTime& date) {
     const std::uint64_t day = instant->ticks / ticksPerDay;
     DayText& kept = days_[day % daysKept];
     if (kept.day != day) {
-        kept.text = format(*date_, (static_cast<double>(day) - daysBefore1970) * millisecondsPerDay);
+        kept.text = numericDate_ ? numericDate_->text(date)
+                                 : format(*date_, (static_cast<double>(day) - daysBefore1970) * millisecondsPerDay);
         kept.day = day;
     }
     return kept.text;

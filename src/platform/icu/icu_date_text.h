@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/file_time.h"
+#include "platform/icu/numeric_date.h"
 
 #include <cstdint>
 #include <memory>
@@ -33,6 +34,7 @@ private:
 
     std::unique_ptr<icu::Calendar> calendar_;
     std::unique_ptr<icu::DateFormat> date_;
+    std::optional<NumericDate> numericDate_; // the same, when it is that simple
     std::unique_ptr<icu::DateFormat> time_;
     std::vector<DayText> days_;
     std::vector<std::u16string> minutes_;
