@@ -1,6 +1,7 @@
 #include "exchange/markup_document.h"
 
 #include "exchange/markup_escape.h"
+#include "platform/large_blocks.h"
 
 #include <algorithm>
 
@@ -75,7 +76,8 @@ private:
     std::size_t done_ = 0;
 };
 
-MarkupDocument::MarkupDocument() : memory_(std::make_unique<std::pmr::monotonic_buffer_resource>()) {
+MarkupDocument::MarkupDocument()
+    : memory_(std::make_unique<std::pmr::monotonic_buffer_resource>(&platform::largeBlocks())) {
     setText();
 }
 
@@ -154,8 +156,8 @@ bool MarkupDocument::toNextElement() {
 }
 
 void MarkupDocument::resetIndex() {
-    index_.assign(1, {});
-    index_.front().reserve(capacity_);
+    index_.clear();
+    index_.emplace_back(&platform::largeBlocks()).reserve(capacity_);
     index_.front().emplace_back();
     used_ = 1;
     parent_ = nullptr;
@@ -165,7 +167,7 @@ void MarkupDocument::resetIndex() {
 MarkupDocument::Record& MarkupDocument::newRecord() {
     if (used_ == capacity_) {
         const std::size_t more = capacity_ / 2;
-        index_.emplace_back().reserve(more);
+        index_.emplace_back(&platform::largeBlocks()).reserve(more);
         capacity_ += more;
     }
     ++used_;

@@ -106,7 +106,7 @@ private:
 
     std::unique_ptr<std::pmr::monotonic_buffer_resource> memory_; // of texts and of attributes' pieces
     std::size_t size_ = 0;                                        // of the whole text
-    std::vector<std::vector<Record>> index_;                      // blocks that are filled one after the other
+    std::vector<std::pmr::vector<Record>> index_;                 // blocks that are filled one after the other
     std::size_t used_ = 0;
     std::size_t capacity_ = 0;
     Record* parent_ = nullptr; // nothing: no place to add to
