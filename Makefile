@@ -2,8 +2,8 @@
 PREFIX ?= /usr/local
 DESTDIR ?=
 JOBS ?= 2
-# How many entries the stores of `make bench` hold.
-ENTRIES ?= 1000000
+# How many entries the stores of `make bench` hold, one size after the other.
+ENTRIES ?= 20000 1000000
 # How long `make fuzz` tries each target.
 SECONDS ?= 60
 
@@ -16,7 +16,7 @@ build = cmake --build --preset $(1) -j $(JOBS)
 help:
 	@echo "make run      build and open the window on made-up records; without a display, a tour and pictures"
 	@echo "make test     build everything and run all tests"
-	@echo "make bench    build with optimisation and run the benchmarks"
+	@echo "make bench    build with optimisation and measure, beside SQLite doing the same; build/bench.md"
 	@echo "make faults   kills, power losses, failing calls, full disks and damaged files, all of them"
 	@echo "make fuzz     build the fuzz targets and run each for SECONDS ($(SECONDS)) seconds"
 	@echo "make install  install below PREFIX ($(PREFIX)), staged in DESTDIR when given"
@@ -43,9 +43,8 @@ test: setup
 
 bench: setup
 	$(call configure,release)
-	$(call build,release) --target hourwright_bench hourwright_ratios hwctl
-	build/release/bench/hourwright_bench
-	build/release/bench/hourwright_ratios build/release/bin/hwctl build/bench-homes $(ENTRIES)
+	$(call build,release) --target benchmarks
+	PYTHONDONTWRITEBYTECODE=1 python3 bench/bench.py build/release --sizes "$(ENTRIES)" --out build/bench.md
 
 faults: setup
 	$(call configure,release)

@@ -1,52 +1,30 @@
 #include "app/entry_filter.h"
-#include "demo_home.h"
 #include "platform/icu/icu_locale.h"
 #include "store/date_walk.h"
+#include "store_file.h"
 
 #include <array>
 #include <benchmark/benchmark.h>
-#include <cstdlib>
 
 using namespace hourwright;
 
 namespace {
 
-constexpr std::uint64_t entryCount = 1'000'000;
-
-store::RecordStore& demoEntries() {
-    static bench::Home home;
-    static const bool filled = home.fill(entryCount);
-    if (!filled)
-        std::abort();
-    return home.stores.entries();
-}
-
-store::TimeEntry entryInTheMiddle() {
-    store::DateWalk walk(demoEntries(), {});
-    store::TimeEntry entry;
-    for (std::uint64_t i = 0; i < entryCount / 2; ++i)
-        static_cast<void>(walk.next(entry));
-    return entry;
-}
-
 template<typename Accepts>
 void walkAll(benchmark::State& state, Accepts accepts) {
+    bench::OpenEntries entries;
+    std::uint64_t walked = 0;
     std::uint64_t accepted = 0;
     for (auto _ : state) {
-        accepted = 0;
-        store::DateWalk walk(demoEntries(), {});
+        walked = accepted = 0;
+        store::DateWalk walk(*entries, {});
         store::TimeEntry entry;
-        while (walk.next(entry) == store::ReadResult::ok)
+        for (; walk.next(entry) == store::ReadResult::ok; ++walked)
             accepted += accepts(entry) ? 1U : 0U;
     }
     state.counters["accepted"] = static_cast<double>(accepted);
-    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(entryCount));
+    state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(walked));
 }
-
-void walkUnfiltered(benchmark::State& state) {
-    walkAll(state, [](const store::TimeEntry&) { return true; });
-}
-BENCHMARK(walkUnfiltered)->Unit(benchmark::kMillisecond);
 
 struct Text {
     std::u16string app::EntryFilter::*wanted;
@@ -67,7 +45,7 @@ constexpr std::array<Text, 9> texts{{
 // A filter with the first texts of one entry. Many share its client, so that more than one text is compared.
 void walkFilteredByTexts(benchmark::State& state) {
     const auto locale = platform::makeIcuLocale("de_DE");
-    const store::TimeEntry wanted = entryInTheMiddle();
+    const store::TimeEntry wanted = bench::middleEntry();
     app::EntryFilter filter;
     for (std::size_t i = 0; i < static_cast<std::size_t>(state.range(0)); ++i)
         filter.*texts[i].wanted = wanted.*texts[i].text;

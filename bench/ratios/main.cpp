@@ -1,69 +1,56 @@
-#include "app/demo/demo_store.h"
-#include "platform/posix/flock_mutex.h"
-#include "platform/sqlite/sqlite_object_store.h"
-#include "platform/sqlite/sqlite_registry.h"
 #include "ratios/commands.h"
-#include "ratios/report.h"
-#include "ratios/walk.h"
+#include "ratios/start.h"
 
-#include <charconv>
 #include <cstdio>
-#include <cstring>
-#include <vector>
+#include <string_view>
+
+using namespace hourwright::bench;
 
 namespace {
 
-using namespace hourwright;
-using bench::Cost;
+constexpr const char* usage = "usage: hourwright_ratios make HWCTL HOME ENTRIES\n"
+                              "       hourwright_ratios compare HWCTL HOME SMALLHOME WINDOW EMPTYWINDOW\n"
+                              "       hourwright_ratios growth HWCTL HOME\n";
 
-struct Arguments {
-    std::filesystem::path hwctl;
-    std::filesystem::path folder; ///< the stores are made here once and used again
-    std::uint64_t entries = 1'000'000;
-};
-
-// A home with a made-up history of so many entries, from an earlier run or made now.
-std::filesystem::path makeHome(const Arguments& arguments, std::uint64_t entries) {
-    std::filesystem::path home = arguments.folder / std::to_string(entries);
-    if (std::filesystem::exists(home / "complete"))
-        return home;
-    std::filesystem::remove_all(home);
-    std::filesystem::create_directories(home);
-    const Cost cost = bench::runChild({arguments.hwctl, "--home", home, "--now", "2026-11-21 12:00:00", "demo",
-                                       "--entries", std::to_string(entries)});
-    if (cost.failed) {
-        std::printf("hwctl demo failed\n");
-        return {};
-    }
-    if (entries == arguments.entries)
-        bench::printFigure("hwctl demo", cost.seconds, "s", entries == 1'000'000 ? 60 : 0);
-    std::fclose(std::fopen((home / "complete").c_str(), "w"));
-    return home;
+// Fills a home that is empty yet.
+void make(const Bench& bench, const char* entries) {
+    Samples once;
+    once.add(hwctl(bench, bench.large, {"demo", "--entries", entries}));
+    writeRow("demo", once);
 }
 
-bool parse(int argc, char** argv, Arguments& arguments) {
-    if (argc < 3 || argc > 4)
-        return false;
-    arguments.hwctl = argv[1];
-    arguments.folder = argv[2];
-    return argc == 3 || std::from_chars(argv[3], argv[3] + std::strlen(argv[3]), arguments.entries).ec == std::errc{};
+void compare(const Bench& bench, const char* window, const char* emptyWindow) {
+    measureAdd(bench);
+    measureWeek(bench);
+    measureExports(bench);
+    measureFilters(bench);
+    measureSummary(bench);
+    measureBulk(bench);
+    measureStart(bench, window, emptyWindow);
 }
 
 } // namespace
 
-// usage: hourwright_ratios HWCTL FOLDER [ENTRIES]
+// Measures whole processes and writes lines of JSON. Homes that are compared are copied first.
 int main(int argc, char** argv) {
-    Arguments arguments;
-    if (!parse(argc, argv, arguments)) {
-        std::fprintf(stderr, "usage: hourwright_ratios HWCTL FOLDER [ENTRIES]\n");
+    const std::string_view mode = argc < 4 ? "" : argv[1];
+    if (!(mode == "make" && argc == 5) && !(mode == "compare" && argc == 7) && !(mode == "growth" && argc == 4)) {
+        std::fputs(usage, stderr);
         return 2;
     }
-    bench::printHead(std::to_string(arguments.entries) + " entries");
-    const std::filesystem::path small = makeHome(arguments, 1000);
-    const std::filesystem::path large = makeHome(arguments, arguments.entries);
-    if (small.empty() || large.empty())
-        return 1;
-    bench::measureWalk(large / "hourwright.db");
-    bench::measureCommands(arguments.hwctl, large, small);
+    Bench bench{.hwctl = argv[2], .folder = std::filesystem::path(argv[3]).parent_path(), .large = argv[3]};
+    if (mode == "make") {
+        make(bench, argv[4]);
+        return 0;
+    }
+    bench.large = copyOf(bench, argv[3], "work");
+    if (mode == "growth") {
+        measureGrowth(bench);
+    } else {
+        bench.small = copyOf(bench, argv[4], "work-small");
+        compare(bench, argv[5], argv[6]);
+        std::filesystem::remove_all(bench.small);
+    }
+    std::filesystem::remove_all(bench.large);
     return 0;
 }

@@ -1,117 +1,146 @@
-#include "demo_home.h"
 #include "desktop/lists/list_view.h"
 #include "desktop/lists/record_tree.h"
-#include "platform/icu/icu_locale.h"
-#include "platform/posix/posix_files.h"
-#include "platform/posix/system_clock.h"
-#include "support/recording_message_box.h"
+#include "peak_memory.h"
+#include "ratios/samples.h"
+#include "view/plain_model.h"
+#include "view/workspace_home.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
+#include <QHeaderView>
 #include <QScrollBar>
-#include <cstdio>
-#include <cstdlib>
+#include <QTreeView>
+#include <chrono>
+#include <ctime>
 
 using namespace hourwright;
+using bench::Cost;
+using bench::Samples;
 
 namespace {
 
-class NoShell : public platform::Shell {
-public:
-    bool open(const std::filesystem::path& /*file*/) override { return false; }
-    bool openPage(const std::filesystem::path& /*page*/, const std::string& /*anchor*/) override { return false; }
+constexpr int rounds = 3;
+constexpr int stops = 100;
+
+template<typename Work>
+Cost costOf(Work work) {
+    const auto start = std::chrono::steady_clock::now();
+    const std::clock_t cpuStart = std::clock();
+    work();
+    const std::clock_t cpuTaken = std::clock() - cpuStart;
+    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+    return {.seconds = taken.count(), .cpuSeconds = static_cast<double>(cpuTaken) / CLOCKS_PER_SEC};
+}
+
+// What each of the rounds took.
+struct ListTimes {
+    Samples firstPaint;
+    Samples complete; ///< until all rows are there and painted
+    Samples step;     ///< the longest moment meanwhile in which the window did not answer
+    Samples page;     ///< a page on average
+    Samples slowestPage;
+    Samples byClient; ///< arranged by a text
+    Samples find;     ///< a text that no row has
 };
 
-double milliseconds(const QElapsedTimer& timer) {
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
-// From the call until the first rows are painted, then until all rows are there and painted.
-void measureShow(desktop::ListView& view, const char* what) {
-    QElapsedTimer timer;
-    timer.start();
-    view.showView();
-    view.grab();
-    const double first = milliseconds(timer);
-    double longestStep = 0;
-    while (view.isLoading()) {
-        QElapsedTimer step;
-        step.start();
-        QApplication::processEvents();
-        longestStep = std::max(longestStep, milliseconds(step));
+// Goes through the whole list in equal jumps and paints the page at each stop.
+void scrollThrough(QTreeView& tree, QWidget& window, Samples& average, Samples& slowest) {
+    QScrollBar& bar = *tree.verticalScrollBar();
+    Cost sum;
+    Cost longest;
+    for (int stop = 1; stop <= stops; ++stop) {
+        const Cost page = costOf([&] {
+            bar.setValue(static_cast<int>(std::int64_t{bar.maximum()} * stop / stops));
+            window.grab();
+        });
+        sum.seconds += page.seconds;
+        sum.cpuSeconds += page.cpuSeconds;
+        if (page.seconds > longest.seconds)
+            longest = page;
     }
-    view.grab();
-    std::printf("%-24s first paint %7.1f ms, complete %7.1f ms, longest step %6.1f ms, %zu rows\n", what, first,
-                milliseconds(timer), longestStep, view.totals().items);
+    average.add({.seconds = sum.seconds / stops, .cpuSeconds = sum.cpuSeconds / stops});
+    slowest.add(longest);
 }
 
-void measureScrolling(desktop::ListView& view, const char* what) {
-    QScrollBar* bar = view.tree().verticalScrollBar();
-    double longest = 0;
-    double sum = 0;
-    constexpr int pages = 100;
-    for (int page = 0; page < pages; ++page) {
-        QElapsedTimer timer;
-        timer.start();
-        bar->setValue(bar->value() + bar->pageStep());
+void show(desktop::ListView& view, Samples& first, Samples& complete, Samples& step) {
+    Cost longest;
+    complete.add(costOf([&] {
+        first.add(costOf([&] {
+            view.showView();
+            view.grab();
+        }));
+        while (view.isLoading()) {
+            const Cost once = costOf([] { QApplication::processEvents(); });
+            if (once.seconds > longest.seconds)
+                longest = once;
+        }
         view.grab();
-        longest = std::max(longest, milliseconds(timer));
-        sum += milliseconds(timer);
-    }
-    std::printf("%-24s a page %.1f ms on average, %.1f ms at most\n", what, sum / pages, longest);
+    }));
+    step.add(longest);
 }
 
-void measure(desktop::Workspace& workspace, app::ListStyle style, const char* name) {
+// A list that nothing has been read into before.
+void measureList(desktop::Workspace& workspace, app::ListStyle style, ListTimes& times) {
     workspace.view().arrangeBy(0);
     desktop::ListView view(workspace, style, nullptr);
     view.resize(1280, 800);
     view.show();
-    measureShow(view, name);
-    measureScrolling(view, name);
+    show(view, times.firstPaint, times.complete, times.step);
+    scrollThrough(view.tree(), view, times.page, times.slowestPage);
     workspace.view().arrangeBy(1);
-    measureShow(view, "  arranged by client");
-    QElapsedTimer timer;
-    timer.start();
-    view.reload();
-    std::printf("%-24s %.1f ms\n", "  reload", milliseconds(timer));
-    timer.start();
-    static_cast<void>(view.findNext("text that no record has"));
-    std::printf("%-24s %.1f ms\n", "  find in vain", milliseconds(timer));
+    Samples unused;
+    show(view, unused, times.byClient, unused);
+    workspace.view().arrangeBy(0);
+    if (style == app::ListStyle::standard)
+        times.find.add(costOf([&] { static_cast<void>(view.findNext("text that no record has")); }));
+}
+
+ListTimes measureStyle(desktop::Workspace& workspace, app::ListStyle style) {
+    ListTimes times;
+    for (int round = 0; round < rounds; ++round)
+        measureList(workspace, style, times);
+    for (Samples* const samples : {&times.firstPaint, &times.complete, &times.step, &times.page, &times.slowestPage,
+                                   &times.byClient, &times.find})
+        samples->peakMegabytes = bench::peakMegabytes();
+    return times;
+}
+
+// The toolkit's own view over texts that cost nothing.
+ListTimes measurePlain(int rows) {
+    ListTimes times;
+    for (int round = 0; round < rounds; ++round) {
+        bench::PlainModel model(rows, 14);
+        QTreeView view;
+        view.setUniformRowHeights(true);
+        view.setAlternatingRowColors(true);
+        view.resize(1280, 800);
+        times.firstPaint.add(costOf([&] {
+            view.setModel(&model);
+            view.show();
+            view.grab();
+        }));
+        scrollThrough(view, view, times.page, times.slowestPage);
+    }
+    return times;
 }
 
 } // namespace
 
-// Shows a list of very many rows off-screen and measures what a user waits for.
+// Shows lists of many rows off-screen, and measures what a user waits for, as lines of JSON.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    bench::Home home;
-    const std::uint64_t entries = argc > 1 ? std::strtoull(argv[1], nullptr, 10) : 100'000;
-    app::AppSettings settings = app::AppSettings::load(home.registry, {.osMajorVersion = 4, .personalFolder = u""});
-    settings.periodStart = {.year = 1990, .month = 1, .day = 1};
-    settings.periodEnd = {.year = 2026, .month = 12, .day = 31};
-    if (!home.fill(entries))
-        return 1;
-    const platform::Locales locales{platform::makeIcuLocale("en_US"), platform::makeIcuLocale("en_US")};
-    const platform::FixedClock clock({.year = 2026, .month = 6, .day = 19});
-    test::RecordingMessageBox messages;
-    platform::PosixFiles files;
-    NoShell shell;
-    const std::filesystem::path folder = home.directory.path();
-    desktop::Workspace workspace({.stores = home.stores,
-                                  .registry = home.registry,
-                                  .settings = settings,
-                                  .locales = locales,
-                                  .clock = clock,
-                                  .messages = messages,
-                                  .files = files,
-                                  .shell = shell,
-                                  .directories = {.data = folder, .config = folder, .state = folder, .runtime = folder},
-                                  .variable = [](const char*) { return std::optional<std::string>(); }});
-    if (!workspace.view().setKind(app::PeriodKind::custom))
-        return 1;
-    measure(workspace, app::ListStyle::standard, "default list");
-    measure(workspace, app::ListStyle::simple, "simple list");
-    measure(workspace, app::ListStyle::tree, "tree list");
+    bench::WorkspaceHome home;
+    const ListTimes list = measureStyle(home.workspace, app::ListStyle::standard);
+    const auto rows = static_cast<int>(std::min(home.stores.entries().recordCount(), home.mostRows));
+    const ListTimes plain = measurePlain(rows);
+    bench::writeRow("list first paint", list.firstPaint, &plain.firstPaint);
+    bench::writeRow("list complete", list.complete);
+    bench::writeRow("list longest step", list.step);
+    bench::writeRow("list by client", list.byClient);
+    bench::writeRow("scroll", list.page, &plain.page);
+    bench::writeRow("scroll, slowest page", list.slowestPage, &plain.slowestPage);
+    bench::writeRow("find in vain", list.find);
+    bench::writeRow("scroll, simple list", measureStyle(home.workspace, app::ListStyle::simple).page, &plain.page);
+    bench::writeRow("scroll, tree list", measureStyle(home.workspace, app::ListStyle::tree).page, &plain.page);
     return 0;
 }
