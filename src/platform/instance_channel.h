@@ -67,7 +67,7 @@ enum class Delivery : std::uint8_t {
     nobody,     ///< no copy runs, or none that can be trusted
     answered,   ///< the reply is there
     refused,    ///< the running copy does not understand the message, or it is too long
-    unanswered, ///< sent, but no answer came in time; it may still be handled later
+    unanswered, ///< no answer came in time; unless the copy had no ear for it at all, it may still be handled later
 };
 
 struct InstanceReply {

@@ -8,6 +8,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <fstream>
+#include <future>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <sys/socket.h>
@@ -202,6 +203,36 @@ TEST_F(InstanceChannelTest, ManySilentSendersKeepNobodyOut) {
         silent.push_back(rawConnection());
     EXPECT_EQ(channel()->send({Kind::dataChanged, ""}, 1s).delivery, Delivery::answered);
     for (const int file : silent)
+        close(file);
+}
+
+// As many as the system lets wait.
+TEST_F(InstanceChannelTest, ACrowdOfCompleteMessagesIsHeardToTheLast) {
+    const auto server = first();
+    server->setHandler(handler());
+    std::vector<int> crowd;
+    for (int i = 0; i < 65; ++i) {
+        crowd.push_back(rawConnection());
+        ASSERT_EQ(write(crowd.back(), "HWi1\3\0\0\0\0", 9), 9);
+    }
+    for (int i = 0; i < 10; ++i)
+        server->service();
+    EXPECT_EQ(received_.size(), 65U);
+    for (const int file : crowd)
+        close(file);
+}
+
+TEST_F(InstanceChannelTest, WaitsForRoomInACrowd) {
+    auto server = first();
+    std::vector<int> crowd;
+    for (int i = 0; i < 65; ++i)
+        crowd.push_back(rawConnection());
+    EXPECT_EQ(channel()->send({Kind::dataChanged, ""}, 30ms).delivery, Delivery::unanswered);
+    auto reply = std::async(std::launch::async, [&] { return channel()->send({Kind::dataChanged, ""}, 5s).delivery; });
+    std::this_thread::sleep_for(50ms);
+    const Serving serving(std::move(server), handler());
+    EXPECT_EQ(reply.get(), Delivery::answered);
+    for (const int file : crowd)
         close(file);
 }
 

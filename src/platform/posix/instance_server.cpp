@@ -13,6 +13,7 @@ namespace hourwright::platform {
 namespace {
 
 constexpr std::chrono::milliseconds acceptPause{500};
+constexpr int acceptedAtOnce = 16; // then they are heard, before others push them out
 
 bool wouldBlock() {
     return errno == EAGAIN || errno == EWOULDBLOCK;
@@ -65,7 +66,7 @@ void UnixInstanceServer::service() {
 }
 
 void UnixInstanceServer::acceptAll() {
-    while (!paused_) {
+    for (int i = 0; i < acceptedAtOnce && !paused_; ++i) {
         Descriptor socket(::accept4(listener_.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
         if (!socket) {
             if (errno == EINTR || errno == ECONNABORTED)

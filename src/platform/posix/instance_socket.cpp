@@ -7,6 +7,7 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <thread>
 #include <unistd.h>
 
 namespace hourwright::platform {
@@ -15,6 +16,7 @@ namespace {
 
 constexpr const char* socketName = "instance.sock";
 constexpr int waitingConnections = 64;
+constexpr std::chrono::milliseconds pauseWhileFull{5};
 
 // Through the open folder, so that its path may be as long as it likes and cannot be exchanged for another on the way.
 sockaddr_un addressIn(const Descriptor& folder) {
@@ -76,14 +78,21 @@ void removeSocket(const Descriptor& folder) {
     ::unlinkat(folder.get(), socketName, 0);
 }
 
-Descriptor connectIn(const Descriptor& folder) {
+Reached connectIn(const Descriptor& folder, std::chrono::steady_clock::time_point deadline) {
     struct stat status {};
     if (::fstatat(folder.get(), socketName, &status, AT_SYMLINK_NOFOLLOW) != 0 || !S_ISSOCK(status.st_mode))
         return {};
     Descriptor socket = makeSocket();
-    if (!socket || !withAddress(folder, socket, ::connect) || !isOwnPeer(socket))
+    if (!socket)
         return {};
-    return socket;
+    while (!withAddress(folder, socket, ::connect)) {
+        if (errno != EAGAIN || std::chrono::steady_clock::now() >= deadline)
+            return {.connection = {}, .crowded = errno == EAGAIN};
+        std::this_thread::sleep_for(pauseWhileFull); // there is nothing to be woken by
+    }
+    if (!isOwnPeer(socket))
+        return {};
+    return {.connection = std::move(socket)};
 }
 
 bool isOwnPeer(const Descriptor& connection) {

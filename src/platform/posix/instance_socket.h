@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <utility>
 
@@ -35,8 +36,15 @@ private:
 [[nodiscard]] Descriptor listenIn(const Descriptor& folder);
 void removeSocket(const Descriptor& folder);
 
-/// A connection to the folder's socket when a program of this user listens there. Nothing else is ever sent to.
-[[nodiscard]] Descriptor connectIn(const Descriptor& folder);
+/// The way to a listener: a connection, or why there is none.
+struct Reached {
+    Descriptor connection;
+    bool crowded = false; ///< somebody listens, but too many waited already
+};
+
+/// A connection to the folder's socket when a program of this user listens there. Nothing else is ever sent to. Where
+/// too many wait, it waits for room until the deadline.
+[[nodiscard]] Reached connectIn(const Descriptor& folder, std::chrono::steady_clock::time_point deadline);
 
 /// True when the other end of a connection is a program of this user.
 [[nodiscard]] bool isOwnPeer(const Descriptor& connection);

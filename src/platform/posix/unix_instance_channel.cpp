@@ -86,10 +86,10 @@ public:
         if (!bytes)
             return {.delivery = Delivery::refused, .payload = {}};
         const Descriptor folder = openOwnFolder(folder_);
-        const Descriptor connection = folder ? connectIn(folder) : Descriptor();
-        if (!connection)
-            return {};
         const auto deadline = Clock::now() + patience;
+        const auto [connection, crowded] = folder ? connectIn(folder, deadline) : Reached{};
+        if (!connection)
+            return {.delivery = crowded ? Delivery::unanswered : Delivery::nobody, .payload = {}};
         if (sendAll(connection, *bytes, deadline) == Sent::notAll)
             return {.delivery = Delivery::unanswered, .payload = {}};
         auto reply = receiveReply(connection, deadline);
