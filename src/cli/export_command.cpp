@@ -7,7 +7,9 @@
 #include "exchange/csv_export.h"
 #include "exchange/other_exports.h"
 #include "exchange/xml_export.h"
+#include "platform/posix/file_replacement.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -41,20 +43,42 @@ struct Expenses {
     static store::RecordStore& of(store::Stores& stores) { return stores.expenses(); }
 };
 
-// Runs an export to the file that the last positional names, over the stores, instants and records that the options
-// ask for.
+// Runs an export to a file, over the stores, instants and records that the options ask for. Nothing, with the reason
+// shown, when it cannot begin.
 template<typename Records, typename Export>
-ExitCode runExport(Session& session, const Arguments& arguments, Export runIt) {
+std::optional<exchange::ExportResult> exportTo(Session& session, const Arguments& arguments,
+                                               const std::filesystem::path& file, Export runIt) {
     const auto period = periodOption(session, arguments, Records::view);
     const auto filter = period ? Records::filterOption(session, arguments) : std::nullopt;
     store::Stores* const stores = filter ? session.stores() : nullptr;
     if (!stores)
-        return ExitCode::refused;
+        return std::nullopt;
     const typename Records::Matcher matcher(*filter, *session.locales().user);
     const auto accepts = [&matcher](const typename Records::Record& record) { return matcher.matches(record); };
-    const exchange::ExportTarget target{session.files(), std::string(arguments.positionals().back()),
-                                        *session.locales().system};
-    return endOfExport(session, runIt(*stores, period->dateRange(), accepts, target));
+    const exchange::ExportTarget target{session.files(), file, *session.locales().system};
+    return runIt(*stores, period->dateRange(), accepts, target);
+}
+
+// An export to the file that the last positional names.
+template<typename Records, typename Export>
+ExitCode runExport(Session& session, const Arguments& arguments, Export runIt) {
+    const auto result = exportTo<Records>(session, arguments, arguments.positionals().back(), runIt);
+    return result ? endOfExport(session, *result) : ExitCode::refused;
+}
+
+// The same for a form of which a part is of no use: the file has its name only when it is complete.
+template<typename Records, typename Export>
+ExitCode runWholeExport(Session& session, const Arguments& arguments, Export runIt) {
+    platform::FileReplacement file(arguments.positionals().back());
+    if (file.error() != platform::PlatformError::none)
+        return endOfExport(session, {.status = exchange::ExportStatus::notCreated, .error = file.error()});
+    auto result = exportTo<Records>(session, arguments, file.path(), runIt);
+    if (!result)
+        return ExitCode::refused;
+    const auto kept = result->ok() ? file.keep() : platform::PlatformError::none;
+    if (kept != platform::PlatformError::none)
+        result = {.status = exchange::ExportStatus::writeFailed, .error = kept};
+    return endOfExport(session, *result);
 }
 
 // Nothing, with the message shown, when delimiter and decimal mark are the same.
@@ -75,7 +99,7 @@ ExitCode runSpreadsheet(Session& session, const Arguments& arguments) {
     const auto options = spreadsheetOptions(session, arguments);
     if (!options)
         return ExitCode::usage;
-    return runExport<Records>(
+    return runWholeExport<Records>(
         session, arguments, [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
             return exchange::exportSpreadsheet(Records::of(stores), range, accepts, *options, target);
         });
@@ -117,21 +141,21 @@ ExitCode exportExpenseSpreadsheet(Session& session, const Arguments& arguments) 
 }
 
 ExitCode exportJson(Session& session, const Arguments& arguments) {
-    return runExport<Entries>(
+    return runWholeExport<Entries>(
         session, arguments, [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
             return exchange::exportJson(stores.entries(), range, accepts, app::timeRules(session.settings()), target);
         });
 }
 
 ExitCode exportExpenseJson(Session& session, const Arguments& arguments) {
-    return runExport<Expenses>(session, arguments,
-                               [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
-                                   return exchange::exportJson(stores.expenses(), range, accepts, target);
-                               });
+    return runWholeExport<Expenses>(
+        session, arguments, [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
+            return exchange::exportJson(stores.expenses(), range, accepts, target);
+        });
 }
 
 ExitCode exportCalendar(Session& session, const Arguments& arguments) {
-    return runExport<Entries>(
+    return runWholeExport<Entries>(
         session, arguments, [&](store::Stores& stores, const auto& range, const auto& accepts, const auto& target) {
             return exchange::exportCalendar(stores.entries(), range, accepts, session.clock().read(), target);
         });

@@ -131,7 +131,7 @@ void exportForOthers(MainWindow& window) {
     if (!choice)
         return;
     const bool expenses = showsExpenses(workspace);
-    runViewExport(workspace, &window, choice->file, [&](const ViewExport& run) {
+    runWholeViewExport(workspace, &window, choice->file, [&](const ViewExport& run) {
         return expenses ? exportExpensesTo(other, run) : exportEntriesTo(other, run);
     });
 }

@@ -3,6 +3,7 @@
 #include "desktop/background_run.h"
 #include "desktop/exports/export_note.h"
 #include "platform/cancellable_files.h"
+#include "platform/posix/file_replacement.h"
 #include "platform/qt/qt_text.h"
 #include "resources/texts/exports.h"
 
@@ -59,16 +60,10 @@ Outcome runOnWorker(Workspace& workspace, QWidget* window, const std::filesystem
     return outcome;
 }
 
-} // namespace
-
-bool runViewExport(Workspace& workspace, QWidget* window, const std::filesystem::path& file,
-                   const std::function<exchange::ExportResult(const ViewExport&)>& work) {
-    const Outcome outcome = runOnWorker(workspace, window, file, work);
-    if (outcome.cancelled) {
-        std::error_code ignored;
-        std::filesystem::remove(file, ignored);
+// True for a complete file: says so, or why there is none.
+bool tellOutcome(Workspace& workspace, QWidget* window, const std::filesystem::path& file, const Outcome& outcome) {
+    if (outcome.cancelled)
         return false;
-    }
     if (!outcome.result.ok()) {
         workspace.messages().showFailure(resources::StringId::exportFailed);
         return false;
@@ -77,6 +72,29 @@ bool runViewExport(Workspace& workspace, QWidget* window, const std::filesystem:
     note->setAttribute(Qt::WA_DeleteOnClose);
     note->show();
     return true;
+}
+
+} // namespace
+
+bool runViewExport(Workspace& workspace, QWidget* window, const std::filesystem::path& file,
+                   const std::function<exchange::ExportResult(const ViewExport&)>& work) {
+    const Outcome outcome = runOnWorker(workspace, window, file, work);
+    if (outcome.cancelled) {
+        std::error_code ignored;
+        std::filesystem::remove(file, ignored);
+    }
+    return tellOutcome(workspace, window, file, outcome);
+}
+
+bool runWholeViewExport(Workspace& workspace, QWidget* window, const std::filesystem::path& file,
+                        const std::function<exchange::ExportResult(const ViewExport&)>& work) {
+    platform::FileReplacement whole(file);
+    Outcome outcome;
+    if (whole.error() == platform::PlatformError::none)
+        outcome = runOnWorker(workspace, window, whole.path(), work);
+    if (outcome.result.ok() && !outcome.cancelled && whole.keep() != platform::PlatformError::none)
+        outcome.result.status = exchange::ExportStatus::writeFailed;
+    return tellOutcome(workspace, window, file, outcome);
 }
 
 } // namespace hourwright::desktop

@@ -26,4 +26,8 @@ struct ViewExport {
 bool runViewExport(Workspace& workspace, QWidget* window, const std::filesystem::path& file,
                    const std::function<exchange::ExportResult(const ViewExport&)>& work);
 
+/// The same for a form of which a part is of no use: the file has its name only when it is complete.
+bool runWholeViewExport(Workspace& workspace, QWidget* window, const std::filesystem::path& file,
+                        const std::function<exchange::ExportResult(const ViewExport&)>& work);
+
 } // namespace hourwright::desktop
