@@ -17,7 +17,7 @@ help:
 	@echo "make run      build and open the window on made-up records; without a display, a tour and pictures"
 	@echo "make test     build everything and run all tests"
 	@echo "make bench    build with optimisation and measure, beside SQLite doing the same; build/bench.md"
-	@echo "make faults   kills, power losses, failing calls, full disks and damaged files, all of them"
+	@echo "make faults   kills, power losses, full disks, damaged files, hostile neighbours, all of them"
 	@echo "make fuzz     build the fuzz targets and run each for SECONDS ($(SECONDS)) seconds"
 	@echo "make install  install below PREFIX ($(PREFIX)), staged in DESTDIR when given"
 	@echo "make package  build a Debian package, build/release/hourwright_*.deb"
@@ -48,8 +48,9 @@ bench: setup
 
 faults: setup
 	$(call configure,release)
-	$(call build,release) --target hwctl
-	PYTHONDONTWRITEBYTECODE=1 python3 tests/faults/faults.py --hwctl build/release/bin/hwctl --long
+	$(call build,release) --target hwctl hourwright
+	PYTHONDONTWRITEBYTECODE=1 python3 tests/faults/faults.py --long --jobs $(JOBS) \
+	  --hwctl build/release/bin/hwctl --hourwright build/release/bin/hourwright
 
 fuzz:
 	@tools/setup clang libclang-rt-14-dev

@@ -1,29 +1,39 @@
 """A home folder of the program, what its commands do to it, and what it holds."""
 
+import hashlib
 import os
 import pathlib
 import shutil
+import sqlite3
 import subprocess
 
 DATABASES = ["Hourwright Data 1", "Hourwright Data 2", "Hourwright Expenses", "Hourwright Clients",
              "Hourwright Projects", "Hourwright Tasks", "Hourwright Contacts", "Hourwright Rates"]
+FILES = ["hourwright.db", "settings.db"]
 NOW = "2026-11-18 09:00:00"
+# These keep what was written before a failure; all other exports appear whole or not at all.
+GROWING_EXPORTS = ["csv", "expenses", "xml"]
+
+
+def environment(**more):
+    return {"PATH": os.environ["PATH"], "LC_ALL": "C", "HOME": "/nonexistent", **more}
 
 
 class Home:
-    """Runs hwctl on a folder. All commands think it is the same moment, so runs can be compared."""
+    """Runs hwctl on a folder. All commands think it is the same moment, so runs can be compared. In a command's words
+    "{home}" is the folder."""
 
     def __init__(self, hwctl, path):
         self.hwctl = hwctl
         self.path = pathlib.Path(path)
 
     def command(self, words):
-        return [self.hwctl, "--home", str(self.path), "--now", NOW, "--locale", "C", "--yes", *words]
+        words = [word.replace("{home}", str(self.path)) for word in words]
+        return [str(self.hwctl), "--home", str(self.path), "--now", NOW, "--locale", "C", "--yes", *words]
 
     def run(self, words, prefix=(), **options):
         """The finished process of a command; `prefix` is what it runs under."""
-        environment = {"PATH": os.environ["PATH"], "LC_ALL": "C", "HOME": "/nonexistent"}
-        return subprocess.run([*prefix, *self.command(words)], env=environment, stdin=subprocess.DEVNULL,
+        return subprocess.run([*prefix, *self.command(words)], env=environment(), stdin=subprocess.DEVNULL,
                               stdout=subprocess.PIPE, stderr=subprocess.PIPE, check=False, **options)
 
     def must(self, words):
@@ -33,9 +43,21 @@ class Home:
         return done.stdout.decode()
 
     def content(self):
-        """Everything that is stored, as text; None when something cannot be read."""
+        """A digest of every row of both files; None when they cannot be read. What a killed writer has left behind
+        must have been mended before (`check`)."""
+        digest = hashlib.sha256()
+        try:
+            for name in FILES:
+                if (self.path / name).exists():
+                    add_rows(digest, self.path / name)
+        except sqlite3.Error:
+            return None
+        return digest.hexdigest()
+
+    def told(self):
+        """Everything that is stored as the program itself tells it; None when something cannot be read."""
         texts = []
-        for words in [["registry", "dump"], *(["store", "dump", name] for name in DATABASES)]:
+        for words in [["registry", "dump"], ["history"], *(["store", "dump", name] for name in DATABASES)]:
             done = self.run(words)
             if done.returncode != 0:
                 return None
@@ -43,8 +65,13 @@ class Home:
         return b"\n".join(texts)
 
     def check(self):
-        """What `store check` exits with; negative when it was ended by a signal."""
-        return self.run(["store", "check"]).returncode
+        """What `store check` exits with, and reading the settings after it; negative when ended by a signal."""
+        return self.run(["store", "check"]).returncode or self.run(["registry", "dump"]).returncode
+
+    def exports(self):
+        """The bytes of every file below "exports" by its name."""
+        folder = self.path / "exports"
+        return {file.name: file.read_bytes() for file in folder.iterdir() if file.is_file()} if folder.exists() else {}
 
     def copy_to(self, path):
         shutil.rmtree(path, ignore_errors=True)
@@ -56,64 +83,39 @@ class Home:
         return {str(file): file.read_bytes() for file in self.path.rglob("*") if file.is_file()}
 
 
-# What a consultant's day does, one command after the other; every kind of writer is among them.
-SESSION = [
-    ["client", "add", "Acme"],
-    ["rate", "add", "Acme", "--type", "normal", "--description", "Standard", "--rate", "80"],
-    ["entry", "add", "--client", "Acme", "--project", "Site", "--task", "Review", "--duration", "1.5", "--rate", "80",
-     "--status", "billable", "--note", "first"],
-    ["entry", "add", "--client", "Acme", "--task", "Call", "--start", "09:00", "--end", "10:30", "--break", "0.25"],
-    ["entry", "edit", "{entry}", "--phase", "Build", "--custom1", "x", "--duration", "2"],
-    ["entry", "copy", "{entry}", "--rest-of-week", "--include-weekend"],
-    ["expense", "add", "mileage", "--description", "Drive", "--start-odo", "100", "--distance", "42", "--amount",
-     "0.42"],
-    ["project", "add", "Acme", "Other", "Task"],
-    ["entry", "toggle-billed", "{entry}"],
-    ["bulk", "mark-paid", "--from", "2026-11-01", "--to", "2026-11-30"],
-    ["bulk", "replace", "task", "Review", "Check"],
-    ["settings", "set", "DefCurr", "EUR"],
-    ["filter", "set", "--client", "Acme", "--hide", "paid"],
-    ["project", "delete", "Acme", "Other"],
-    ["entry", "delete", "{entry}"],
-    ["bulk", "delete", "--from", "2026-11-19", "--to", "2026-11-30"],
-    ["wipe", "structure", "--rates"],
-    ["wipe", "all"],
-]
+def add_rows(digest, path):
+    connection = sqlite3.connect(path)
+    connection.text_factory = bytes
+    try:
+        tables = connection.execute("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name").fetchall()
+        for (name,) in tables:
+            digest.update(name)
+            for row in connection.execute(f'SELECT * FROM "{name.decode()}"'):
+                digest.update(repr(row).encode())
+    finally:
+        connection.close()
 
 
 class Step:
-    """One command of the session with the home before it and the contents before and after."""
+    """One command of the session with the home before it, and content and exported files before and after."""
 
-    def __init__(self, words, before, content_before, content_after):
+    def __init__(self, words, before, after):
         self.words = words
         self.before = before
-        self.content_before = content_before
-        self.content_after = content_after
+        self.content_before = before.content()
+        self.content_after = after.content()
+        self.exports_before = before.exports()
+        self.exports_after = after.exports()
+        self.name = " ".join(words).replace("{home}/", "")
 
-
-def prepare_steps(hwctl, folder, demo_entries):
-    """Plays the session once and keeps the home before every command."""
-    home = Home(hwctl, folder / "session")
-    home.path.mkdir(parents=True)
-    if demo_entries:
-        home.must(["demo", "--entries", str(demo_entries)])
-    else:
-        home.must(["store", "databases"])
-        home.must(["settings", "set", "MinTime", "15"])
-    steps, entry = [], None
-    for number, template in enumerate(SESSION):
-        words = [str(entry) if word == "{entry}" else word for word in template]
-        before = home.copy_to(folder / f"before-{number}")
-        content_before = home.content()
-        printed = home.must(words).strip()
-        if words[:2] == ["entry", "add"] and entry is None:
-            entry = int(printed)
-        steps.append(Step(words, before, content_before, home.content()))
-    return steps
+    def may_grow(self):
+        """True for an export that keeps what was written before a failure."""
+        return self.words[0] == "export" and self.words[1] in GROWING_EXPORTS
 
 
 def judge(step, home, exit_code):
-    """What is wrong with a home after a fault in this step; None when all is well."""
+    """What is wrong with a home after a fault in this step; None when all is well. The exit code is None when the
+    command was interrupted."""
     if exit_code is not None and exit_code < 0 and exit_code != -9:
         return f"ended by signal {-exit_code}"
     if home.check() != 0:
@@ -123,4 +125,15 @@ def judge(step, home, exit_code):
         return "neither the state before nor the one after"
     if exit_code == 0 and content != step.content_after:
         return "acknowledged but lost"
+    return judge_exports(step, home.exports(), exit_code)
+
+
+def judge_exports(step, found, exit_code):
+    if exit_code == 0:
+        return None if found == step.exports_after else "an export that was called done is not there as it should be"
+    for name in [*step.exports_before, *step.exports_after]:
+        data, whole = found.get(name), step.exports_after[name]
+        if data in (step.exports_before.get(name), whole) or (step.may_grow() and whole.startswith(data)):
+            continue
+        return f"{name} is neither as before nor whole"
     return None

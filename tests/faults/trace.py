@@ -23,6 +23,13 @@ def killed_at(number):
             "/dev/null"]
 
 
+def killed_at_file(number, paths, log="/dev/null"):
+    """Runs a program until just before the N-th call of interest on one of these files."""
+    files = [word for path in paths for word in ("-P", str(path))]
+    return ["strace", "-f", "-qq", *files, "-e", "trace=" + CALLS, "-e", f"inject={CALLS}:signal=KILL:when={number}",
+            "-o", str(log)]
+
+
 def failing_at(number, error, for_ever):
     """Lets the N-th call of interest fail, or it and all after it."""
     when = f"{number}+" if for_ever else str(number)
@@ -74,3 +81,8 @@ def _operation(call, arguments, result):
         return ("truncate", path, int(parts[1]))
     data = _bytes(parts[1].strip('"'))[:int(result)]
     return ("write", path, data, int(parts[3]) if call == "pwrite64" else None)
+
+
+def sockets(log):
+    """Notes the sockets that a command and its children ask for."""
+    return ["strace", "-f", "-qq", "-e", "trace=socket", "-o", str(log)]
