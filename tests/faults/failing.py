@@ -17,7 +17,7 @@ def call_errors(run):
     grow beyond a size."""
     result = Result()
     late = 0
-    for step, number, kind, for_ever in run.sample(cases_of(run), 120, 2000):
+    for step, number, kind, for_ever in run.sample(cases_of(run), 90, 1200):
         home = run.begin(step)
         code = run_disturbed(home, step, number, kind, for_ever)
         failure = judge(step, home, code)

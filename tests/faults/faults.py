@@ -39,7 +39,7 @@ def main():
     options = parse_options()
     with tempfile.TemporaryDirectory(prefix="hourwright-faults-") as folder:
         shared = prepare(options, pathlib.Path(folder))
-        names = [options.only] if options.only else list(CLASSES)
+        names = options.only or list(CLASSES)
         fork = multiprocessing.get_context("fork")
         with concurrent.futures.ProcessPoolExecutor(options.jobs, mp_context=fork) as pool:
             running = {name: pool.submit(run_class, shared, name) for name in names}
@@ -54,7 +54,7 @@ def parse_options():
     parser.add_argument("--hwctl", required=True)
     parser.add_argument("--hourwright", required=True)
     parser.add_argument("--long", action="store_true", help="all cases instead of a choice of them")
-    parser.add_argument("--only", choices=CLASSES)
+    parser.add_argument("--only", choices=CLASSES, nargs="+")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--jobs", type=int, default=2, help="how many classes run at once")
     return parser.parse_args()

@@ -13,7 +13,7 @@ def kill_points(run):
     for step in run.steps:
         calls = trace.count_calls(run.begin(step), step.words, run.folder / "log")
         points += [(step, number) for number in range(1, calls + 1)]
-    for step, number in run.sample(points, 80):
+    for step, number in run.sample(points, 80, 2400):
         home = run.begin(step)
         done = home.run(step.words, trace.killed_at(number))
         result.add(judge(step, home, done.returncode), f"{step.name} killed at call {number}")
@@ -26,7 +26,7 @@ def power_losses(run):
     """The recorded writes replayed up to each point, with what was not synchronised lost or torn."""
     result = Result()
     states = [state for step in run.steps if not step.may_grow() for state in states_of(run, step)]
-    for step, files, operations, point, mode in run.sample(states, 100, 4000):
+    for step, files, operations, point, mode in run.sample(states, 100, 2600):
         failure = after_power_loss(run, (step, files, operations), point, mode)
         result.add(failure, f"{step.name} at operation {point}, {mode} of the rest")
     result.note = f"of {len(states)} states"
