@@ -25,6 +25,7 @@ enum class RtfKeyword : std::uint8_t {
     fontCodePage,
     codePage,
     namedCodePage, ///< a word of its own for a code page
+    fieldResult, ///< what a field shows; text even where it may be ignored
     unicode,
     unicodeSkip,
     binary,

@@ -105,7 +105,7 @@ void RtfReader::openGroup() {
     if (i + 1 < bytes_.size() && bytes_[i] == '\\' && isAsciiLetter(bytes_[i + 1]))
         keyword = findRtfKeyword(scanRtfWord(bytes_, i).name).keyword;
     if (!opensDestination(keyword))
-        keyword = ignorable ? RtfKeyword::kept : RtfKeyword::unknown;
+        keyword = ignorable && keyword != RtfKeyword::fieldResult ? RtfKeyword::kept : RtfKeyword::unknown;
 
     const bool nests = stack_.size() < maxDepth && state_.destination == Destination::text;
     if (keyword == RtfKeyword::unknown)

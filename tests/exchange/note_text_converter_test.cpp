@@ -1,6 +1,7 @@
 #include "exchange/note_text_converter.h"
 
 #include "exchange/note_bytes.h"
+#include "exchange/note_merge.h"
 #include "platform/utf.h"
 
 #include <algorithm>
@@ -122,6 +123,15 @@ TEST(NoteTextConverter, CharactersOfTwoBytes) {
     expectTexts(cases);
 }
 
+TEST(NoteTextConverter, FieldsShowTheirResult) {
+    const RtfCase cases[] = {
+        {"a{\\field{\\*\\fldinst{HYPERLINK \"x\"}}{\\fldrslt{b}}}c", u"abc"},
+        {"a{\\field{\\*\\fldinst x}{\\*\\fldrslt{b}}}c", u"abc"},
+        {"a\\cell b\\cell{\\*\\abiendcell}\\row c{\\*\\listtag0}", u"a\tb\r\nc"},
+    };
+    expectTexts(cases);
+}
+
 TEST(NoteTextConverter, WhatIsNoText) {
     const RtfCase cases[] = {
         {"{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red1;}{\\stylesheet{Normal;}}{\\info{\\title T}}a", u"a"},
@@ -224,6 +234,24 @@ TEST(NoteDocumentFormats, OfAWordProcessor) {
     const bool bullets[] = {false, true, true, false};
     for (std::size_t i = 0; i < 4; ++i)
         EXPECT_EQ(note->paragraphs[i].bullet, bullets[i]) << i;
+}
+
+// A note with a drawing and a recording, opened and saved by two word processors: both lose the recording and keep the
+// drawing's picture.
+TEST(NoteDocumentFormats, DrawingsAndRecordingsComeBack) {
+    const InkDrawing ink{.strokes = {}, .picture = InkPicture{{}, 6, 5, 90, 75}};
+    const VoiceClip voice{"audio/ogg", 1000, {std::byte{1}}};
+    const NoteDocument before{{{false, {ink, voice}}}};
+    for (const std::string_view name : {"libreoffice_ours", "abiword_ours"}) {
+        const auto edited =
+            readNote(bytesOf(contentOf(std::string(HOURWRIGHT_TEST_DATA "/notes/").append(name) + ".rtf")));
+        ASSERT_TRUE(edited);
+        std::vector<NoteItem> objects;
+        for (const NoteParagraph& paragraph : withLostObjects(*edited, before).paragraphs)
+            std::ranges::copy_if(paragraph.items, std::back_inserter(objects),
+                                 [](const NoteItem& item) { return !std::holds_alternative<TextRun>(item); });
+        EXPECT_EQ(objects, (std::vector<NoteItem>{ink, voice})) << name;
+    }
 }
 
 // This program's own note after a word processor has opened and saved it.
