@@ -8,6 +8,7 @@ namespace hourwright::bench {
 namespace {
 
 constexpr double budgetSeconds = 2;
+constexpr double longestSeconds = 60;
 constexpr int fewestRounds = 3;
 constexpr int mostRounds = 40;
 
@@ -41,7 +42,8 @@ void Samples::add(const Cost& cost) {
 std::vector<Samples> inTurns(const std::vector<Work>& works) {
     std::vector<Samples> results(works.size());
     double taken = 0;
-    for (int rounds = 0; rounds < mostRounds && (rounds < fewestRounds || taken < budgetSeconds); ++rounds) {
+    for (int rounds = 0;
+         rounds < mostRounds && taken < longestSeconds && (rounds < fewestRounds || taken < budgetSeconds); ++rounds) {
         const double seconds = round(works, results);
         if (seconds == 0)
             break;

@@ -27,7 +27,7 @@ struct Samples {
 };
 
 /// Runs works in turns, so that a slow moment of the machine meets all of them: 3 to 40 rounds, as many as fit into
-/// about two seconds. One that fails ends it.
+/// about two seconds; fewer than 3 when they take more than a minute. One that fails ends it.
 [[nodiscard]] std::vector<Samples> inTurns(const std::vector<Work>& works);
 
 /// Writes one row of measurements as a line of JSON to standard output. Without `other`, ours stands alone.

@@ -112,9 +112,17 @@ namespace {
 constexpr std::size_t headerSize = 100;
 using HeaderBytes = std::array<unsigned char, headerSize>;
 
+// Counting the library's memory takes a lock for every piece of it; nobody asks for the figures. To be called before
+// the first connection of the process, later it changes nothing.
+void forgoMemoryStatistics() {
+    static const int result = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+    static_cast<void>(result);
+}
+
 // Reads the first bytes through SQLite's own file layer: closing a descriptor of ours would drop the locks that other
 // connections of this process hold on the file. No lock is taken and nothing is rolled back.
 int readThroughSqlite(const std::filesystem::path& file, HeaderBytes& bytes) {
+    forgoMemoryStatistics();
     sqlite3* connection = nullptr;
     int result = sqlite3_open_v2(file.c_str(), &connection, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
     sqlite3_file* handle = nullptr;
@@ -163,6 +171,7 @@ void Connection::Closer::operator()(sqlite3* connection) const {
 }
 
 Connection::Connection(const std::filesystem::path& file, std::chrono::milliseconds busyTimeout) {
+    forgoMemoryStatistics();
     sqlite3* connection = nullptr;
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
     const int result = sqlite3_open_v2(file.c_str(), &connection, flags, nullptr);

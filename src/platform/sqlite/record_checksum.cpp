@@ -1,6 +1,7 @@
 #include "platform/sqlite/record_checksum.h"
 
 #include <array>
+#include <cstring>
 
 namespace hourwright::platform::sqlite {
 
@@ -43,22 +44,65 @@ std::uint32_t foldEight(std::uint32_t state, std::uint32_t low, std::uint32_t hi
            tables[3][high & 0xFF] ^ tables[2][high >> 8 & 0xFF] ^ tables[1][high >> 16 & 0xFF] ^ tables[0][high >> 24];
 }
 
+#if defined(__x86_64__)
+// Processors since 2008 have an instruction for this very polynomial, which takes eight bytes at once.
+__attribute__((target("sse4.2"))) std::uint32_t foldByInstruction(std::uint32_t state,
+                                                                  std::span<const std::byte> bytes) {
+    std::uint64_t wide = state;
+    while (bytes.size() >= sizeof wide) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, bytes.data(), sizeof word);
+        wide = __builtin_ia32_crc32di(wide, word);
+        bytes = bytes.subspan(sizeof word);
+    }
+    state = static_cast<std::uint32_t>(wide);
+    for (const std::byte byte : bytes)
+        state = __builtin_ia32_crc32qi(state, std::to_integer<unsigned char>(byte));
+    return state;
+}
+
+__attribute__((target("sse4.2"))) std::uint32_t foldByInstruction(std::uint32_t state, std::uint64_t number) {
+    return static_cast<std::uint32_t>(__builtin_ia32_crc32di(state, number));
+}
+
+const bool hasInstruction = __builtin_cpu_supports("sse4.2");
+#endif
+
 } // namespace
 
-void RecordChecksum::add(std::span<const std::byte> bytes) {
-    std::uint32_t state = state_;
+std::uint32_t foldByTables(std::uint32_t state, std::span<const std::byte> bytes) {
     while (bytes.size() >= slices) {
         state = foldEight(state, loadLittleEndian(bytes.data()), loadLittleEndian(bytes.data() + 4));
         bytes = bytes.subspan(slices);
     }
     for (const std::byte byte : bytes)
         state = state >> 8 ^ tables[0][(state ^ std::to_integer<std::uint32_t>(byte)) & 0xFF];
-    state_ = state;
+    return state;
+}
+
+#if defined(__x86_64__)
+
+void RecordChecksum::add(std::span<const std::byte> bytes) {
+    state_ = hasInstruction ? foldByInstruction(state_, bytes) : foldByTables(state_, bytes);
+}
+
+void RecordChecksum::add(std::uint64_t number) {
+    state_ = hasInstruction
+                 ? foldByInstruction(state_, number)
+                 : foldEight(state_, static_cast<std::uint32_t>(number), static_cast<std::uint32_t>(number >> 32));
+}
+
+#else
+
+void RecordChecksum::add(std::span<const std::byte> bytes) {
+    state_ = foldByTables(state_, bytes);
 }
 
 void RecordChecksum::add(std::uint64_t number) {
     state_ = foldEight(state_, static_cast<std::uint32_t>(number), static_cast<std::uint32_t>(number >> 32));
 }
+
+#endif
 
 void addToChecksum(RecordChecksum& checksum, const StoredValue& value) {
     checksum.add(std::uint64_t{value.id.value});

@@ -23,6 +23,10 @@ private:
     std::uint32_t state_ = 0xFFFF'FFFF;
 };
 
+/// Folds bytes into the state of such a checksum, on any processor; `RecordChecksum` uses an instruction where there is
+/// one.
+[[nodiscard]] std::uint32_t foldByTables(std::uint32_t state, std::span<const std::byte> bytes);
+
 /// Adds one stored value to a record's checksum: its property, then its number, or the length and bytes of its text
 /// or blob.
 void addToChecksum(RecordChecksum& checksum, const StoredValue& value);
