@@ -128,6 +128,7 @@ ListTimes measurePlain(int rows) {
 // Shows lists of many rows off-screen, and measures what a user waits for, as lines of JSON.
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
     QApplication application(argc, argv);
     bench::WorkspaceHome home;
     const ListTimes list = measureStyle(home.workspace, app::ListStyle::standard);
