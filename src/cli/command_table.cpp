@@ -85,6 +85,11 @@ constexpr OptionGroup timerEditGroup{"", "", timerEditOptions};
 constexpr std::array timerSaveOption{&option::timerSave};
 constexpr OptionGroup timerSaveGroup{"", "", timerSaveOption};
 
+constexpr std::array verifyOption{&option::verify};
+constexpr OptionGroup verifyGroup{"", "", verifyOption};
+constexpr std::array restoreOption{&option::restoreSettings};
+constexpr OptionGroup restoreGroup{"", "", restoreOption};
+
 constexpr ArgumentSpec clientArgument{"CLIENT", ValueKind::clientName, "name of the client"};
 constexpr std::array newClient{ArgumentSpec{"NAME", ValueKind::text, "name of the new client"}};
 constexpr std::array clientName{ArgumentSpec{"NAME", ValueKind::clientName, "name of the client"}};
@@ -127,6 +132,8 @@ constexpr std::array replaceTexts{
     ArgumentSpec{"FIND", ValueKind::text, "text to be replaced where it is the whole of a field"},
     ArgumentSpec{"REPLACE", ValueKind::text, "its new text"}};
 constexpr std::array fileName{ArgumentSpec{"FILE", ValueKind::file, "file to write, - for standard output"}};
+constexpr std::array copyName{
+    ArgumentSpec{"NAME", ValueKind::text, "name of the copy (the newest that is sound)", false}};
 constexpr std::array databaseName{ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"}};
 constexpr std::array databaseAndId{ArgumentSpec{"DATABASE", ValueKind::text, "full name of the database"},
                                    ArgumentSpec{"ID", ValueKind::id, "record id"}};
@@ -333,6 +340,19 @@ constexpr std::array commandTable{
         "store", "write", "write a raw record and print its id", databaseAndProperties, {&recordId}, storeWrite},
     CommandSpec{"store", "delete", "delete a record", databaseAndId, {}, storeDelete},
     CommandSpec{"store", "check", "verify the store; exit code 1 when it is damaged", {}, {}, storeCheck},
+    CommandSpec{"store",
+                "copy",
+                "copy records and settings, for example daily by cron, and print the copy's name",
+                {},
+                {},
+                storeCopy},
+    CommandSpec{"store", "copies", "print the copies, the newest first", {}, {&verifyGroup}, storeCopies},
+    CommandSpec{"store",
+                "restore",
+                "put a copy in the place of the records and print where those are kept (asks)",
+                copyName,
+                {&restoreGroup},
+                storeRestore},
     CommandSpec{"wipe", "all", "delete all data", {}, {}, wipeAll},
     CommandSpec{"wipe",
                 "structure",

@@ -215,6 +215,10 @@ inline constexpr OptionSpec decimalMark{"--decimal", Arity::one,           Value
 inline constexpr OptionSpec noByteOrderMark{"--no-bom", Arity::none, {}, "", "begin without a byte order mark"};
 inline constexpr OptionSpec wipeRates{"--rates", Arity::none, {}, "", "delete all rates too"};
 
+inline constexpr OptionSpec verify{"--verify", Arity::none, {}, "", "read every copy and say whether it is sound"};
+inline constexpr OptionSpec restoreSettings{
+    "--settings", Arity::none, {}, "", "restore the settings instead of the records"};
+
 inline constexpr OptionSpec timerDate{"--date", Arity::one, ValueKind::date, "DATE", "day of the start (today)"};
 inline constexpr OptionSpec timerStart{"--start", Arity::one, ValueKind::time, "HH:MM", "time of the start (now)"};
 inline constexpr OptionSpec timerDuration{"--duration", Arity::one, ValueKind::text, "H:M:S", "time that has run"};

@@ -97,6 +97,9 @@ ExitCode storeDump(Session& session, const Arguments& arguments);
 ExitCode storeWrite(Session& session, const Arguments& arguments);
 ExitCode storeDelete(Session& session, const Arguments& arguments);
 ExitCode storeCheck(Session& session, const Arguments& arguments);
+ExitCode storeCopy(Session& session, const Arguments& arguments);
+ExitCode storeCopies(Session& session, const Arguments& arguments);
+ExitCode storeRestore(Session& session, const Arguments& arguments);
 
 ExitCode wipeAll(Session& session, const Arguments& arguments);
 ExitCode wipeStructure(Session& session, const Arguments& arguments);

@@ -10,6 +10,7 @@
 #include "platform/posix/unix_instance_channel.h"
 #include "platform/sqlite/sqlite_object_store.h"
 #include "platform/sqlite/sqlite_registry.h"
+#include "platform/sqlite/sqlite_store_copies.h"
 #include "platform/utf.h"
 
 #include <filesystem>
@@ -91,8 +92,32 @@ void Session::openObjects() {
     auto opened =
         platform::openSqliteObjectStore(directories().recordsFile(), {.onCommitted = [this] { changed_ = true; }});
     objects_ = std::move(opened.store);
-    if (!objects_)
-        refuse(resources::StringId::databaseNotOpened, opened.reason);
+    if (objects_)
+        return;
+    refuse(resources::StringId::databaseNotOpened, opened.reason);
+    if (opened.error == platform::PlatformError::fileCorrupt)
+        hintAtCopies();
+}
+
+std::unique_ptr<platform::StoreCopies> Session::copies() {
+    return platform::openStoreCopies(platform::copyPlaces(directories()));
+}
+
+bool Session::checkSettings(const std::function<void(std::string_view)>& report) {
+    return platform::openSqliteRegistry(directories().settingsFile())->check(report);
+}
+
+// The copy is not verified here, which may take long; restoring it does.
+void Session::hintAtCopies() {
+    const auto all = copies()->list();
+    if (!all.empty())
+        addReason(joined({"A copy of ", dateTimeText(all.front().time), " with ", std::to_string(all.front().records),
+                          " records is there; 'hwctl store restore' puts the newest sound one in place."}));
+}
+
+platform::ClaimedInstance Session::keepWindowAway() {
+    static_cast<void>(platform::makeDirectories(directories()));
+    return platform::makeInstanceChannel(directories().runtime)->claim();
 }
 
 store::Stores* Session::stores() {
@@ -107,8 +132,15 @@ void Session::openStores() {
     if (stores->open())
         stores_ = std::move(stores);
     else
-        refuse(resources::StringId::databaseNotOpened,
-               joined({"platform error ", std::to_string(platform::number(objects_->lastError()))}));
+        refuseStores();
+}
+
+void Session::refuseStores() {
+    const platform::PlatformError error = objects_->lastError();
+    refuse(resources::StringId::databaseNotOpened,
+           joined({"platform error ", std::to_string(platform::number(error))}));
+    if (error == platform::PlatformError::fileCorrupt)
+        hintAtCopies();
 }
 
 std::unique_ptr<platform::Transaction> Session::begin(const resources::Text& name) {

@@ -11,6 +11,7 @@
 #include "platform/named_mutex.h"
 #include "platform/object_store.h"
 #include "platform/registry.h"
+#include "platform/store_copies.h"
 #include "resources/text.h"
 #include "store/stores.h"
 
@@ -53,6 +54,15 @@ public:
     /// The program's record stores on it, made when missing; null when they cannot be opened.
     [[nodiscard]] store::Stores* stores();
 
+    /// The copies of records and settings; never null.
+    [[nodiscard]] std::unique_ptr<platform::StoreCopies> copies();
+    /// Looks for damage in the settings, reports each finding as a line of text; true when there is none.
+    [[nodiscard]] bool checkSettings(const std::function<void(std::string_view)>& report);
+    /// Says which copy there is and how to restore it, if there is one.
+    void hintAtCopies();
+    /// As long as the result lives, no window can start; `otherRuns` when one is open.
+    [[nodiscard]] platform::ClaimedInstance keepWindowAway();
+
     /// Begins to write to the stores, which are open: a change that can be undone under this name. Null on failure.
     [[nodiscard]] std::unique_ptr<platform::Transaction> begin(const resources::Text& name);
 
@@ -80,6 +90,7 @@ private:
     void addReason(std::string_view reason);
     void openObjects();
     void openStores();
+    void refuseStores();
 
     const CommandLine& line_;
     Environment& environment_;

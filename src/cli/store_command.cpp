@@ -199,6 +199,9 @@ ExitCode storeCheck(Session& session, const Arguments&) {
         return ExitCode::refused;
     std::vector<std::string> findings;
     const bool sound = objects->check([&findings](std::string_view finding) { findings.emplace_back(finding); });
+    const bool settingsSound = session.checkSettings([&findings](std::string_view finding) {
+        findings.push_back(joined({"settings: ", finding}));
+    });
     if (session.json()) {
         JsonWriter json(session.out());
         json.beginArray();
@@ -209,7 +212,11 @@ ExitCode storeCheck(Session& session, const Arguments&) {
         for (const std::string& finding : findings)
             session.out().writeLine(finding);
     }
-    return sound ? ExitCode::done : session.fail(platform::PlatformError::fileCorrupt, "The store is damaged.");
+    if (sound && settingsSound)
+        return ExitCode::done;
+    session.fail(platform::PlatformError::fileCorrupt, sound ? "The settings are damaged." : "The store is damaged.");
+    session.hintAtCopies();
+    return ExitCode::refused;
 }
 
 } // namespace hourwright::cli

@@ -33,7 +33,8 @@ constexpr Adapter icu{"ICU", "platform/icu/"};
 constexpr Adapter posix{"the system", "platform/posix/"};
 constexpr Adapter qt{"Qt", "platform/qt/"};
 constexpr Adapter opus{"Opus", "platform/opus/"};
-constexpr std::array adapters = {sqlite, icu, posix, qt, opus};
+constexpr Adapter nettle{"Nettle", "platform/nettle/"};
+constexpr std::array adapters = {sqlite, icu, posix, qt, opus, nettle};
 
 const Floor* floorOf(std::string_view path) {
     const auto name = path.substr(0, path.find('/'));
@@ -50,6 +51,8 @@ const Adapter* libraryOf(std::string_view header) {
         return &icu;
     if (header.starts_with("opus/"))
         return &opus;
+    if (header.starts_with("nettle/"))
+        return &nettle;
     if (header.size() > 1 && header[0] == 'Q' && std::isalpha(static_cast<unsigned char>(header[1])) != 0)
         return &qt;
     return header.find_first_of("./") == std::string_view::npos ? nullptr : &posix;

@@ -161,14 +161,50 @@ FileHeader readFileHeader(const std::filesystem::path& file) {
     constexpr std::string_view magic{"SQLite format 3", 16};
     if (!std::equal(magic.begin(), magic.end(), bytes.begin()))
         return {.kind = FileHeader::Kind::foreign};
-    // Offsets of the user version and the application id in SQLite's file header.
-    return {
-        .kind = FileHeader::Kind::sqlite, .applicationId = bigEndian(bytes, 68), .userVersion = bigEndian(bytes, 60)};
+    // Offsets in SQLite's file header.
+    return {.kind = FileHeader::Kind::sqlite,
+            .applicationId = bigEndian(bytes, 68),
+            .userVersion = bigEndian(bytes, 60),
+            .changes = bigEndian(bytes, 24)};
 }
 
 void Connection::Closer::operator()(sqlite3* connection) const {
     sqlite3_close_v2(connection);
 }
+
+namespace {
+
+struct Setting {
+    int what;
+    int value;
+};
+
+// A file may have come from anywhere. Nothing in its schema is carried out: triggers and views not at all, functions
+// only when they can do no harm; and nothing may write around the rules of the file format.
+constexpr std::array settings = {
+    Setting{SQLITE_DBCONFIG_DEFENSIVE, 1},      Setting{SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
+    Setting{SQLITE_DBCONFIG_ENABLE_TRIGGER, 0}, Setting{SQLITE_DBCONFIG_ENABLE_VIEW, 0},
+    Setting{SQLITE_DBCONFIG_ENABLE_FKEY, 0},    Setting{SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0},
+    Setting{SQLITE_DBCONFIG_WRITABLE_SCHEMA, 0}};
+
+// Far more than the program needs, and far less than what would exhaust a machine: a value or row of 64 MiB, a schema
+// entry of 256 KiB. Nothing is ever attached.
+constexpr std::array limits = {
+    Setting{SQLITE_LIMIT_LENGTH, 64 << 20},      Setting{SQLITE_LIMIT_SQL_LENGTH, 256 << 10},
+    Setting{SQLITE_LIMIT_EXPR_DEPTH, 100},       Setting{SQLITE_LIMIT_COMPOUND_SELECT, 10},
+    Setting{SQLITE_LIMIT_VDBE_OP, 250'000},      Setting{SQLITE_LIMIT_FUNCTION_ARG, 20},
+    Setting{SQLITE_LIMIT_ATTACHED, 0},           Setting{SQLITE_LIMIT_LIKE_PATTERN_LENGTH, 1000},
+    Setting{SQLITE_LIMIT_VARIABLE_NUMBER, 4000}, Setting{SQLITE_LIMIT_TRIGGER_DEPTH, 1},
+    Setting{SQLITE_LIMIT_WORKER_THREADS, 0}};
+
+void harden(sqlite3* connection) {
+    for (const Setting& setting : settings)
+        sqlite3_db_config(connection, setting.what, setting.value, nullptr);
+    for (const Setting& limit : limits)
+        sqlite3_limit(connection, limit.what, limit.value);
+}
+
+} // namespace
 
 Connection::Connection(const std::filesystem::path& file, std::chrono::milliseconds busyTimeout) {
     forgoMemoryStatistics();
@@ -180,9 +216,9 @@ Connection::Connection(const std::filesystem::path& file, std::chrono::milliseco
     if (!open_)
         return;
     sqlite3_busy_timeout(connection, static_cast<int>(busyTimeout.count()));
-    sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
-    sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
-    open_ = execute("PRAGMA synchronous=EXTRA; PRAGMA cell_size_check=ON; PRAGMA temp_store=MEMORY;");
+    harden(connection);
+    open_ =
+        execute("PRAGMA synchronous=EXTRA; PRAGMA cell_size_check=ON; PRAGMA temp_store=MEMORY; PRAGMA mmap_size=0");
 }
 
 bool Connection::isReadOnly() const {

@@ -75,13 +75,15 @@ struct FileHeader {
     Kind kind = Kind::missing;
     std::uint32_t applicationId = 0;
     std::uint32_t userVersion = 0;
+    std::uint32_t changes = 0; ///< how often the file was written to
 };
 
 /// Reads the header of a file without opening it as a database, so that a foreign file stays untouched.
 [[nodiscard]] FileHeader readFileHeader(const std::filesystem::path& file);
 
 /// An open database file, used by one thread. It waits for other processes' locks up to the busy time-out, trusts no
-/// schema it did not write, and makes every commit durable before it returns.
+/// schema it did not write (no trigger runs, no view is read, sizes are bounded), and makes every commit durable before
+/// it returns.
 class Connection {
 public:
     Connection() = default;

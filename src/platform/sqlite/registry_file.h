@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,7 +14,8 @@
 namespace hourwright::platform::sqlite {
 
 /// The tables behind the registry: keys by path and values by key, with the statements that work on them. A function
-/// that fails returns nothing or false and leaves its reason in `problem`. Paths and names are UTF-8.
+/// that fails returns nothing or false and leaves its reason in `problem`. Paths and names are UTF-8. A value that does
+/// not fit its checksum counts as absent; once another is stored in its place it is kept aside, for `check` to tell.
 class RegistryFile {
 public:
     explicit RegistryFile(std::filesystem::path file) : file_(std::move(file)) {}
@@ -30,6 +32,9 @@ public:
     [[nodiscard]] bool setValue(std::int64_t key, const RegistryValue& value);
     [[nodiscard]] bool removeValue(std::int64_t key, std::u16string_view name);
 
+    /// Looks into the whole file, reports each finding as a line of text; true when there is none, or no file.
+    [[nodiscard]] bool check(const std::function<void(std::string_view)>& report);
+
     /// Writes between the two calls become one transaction, kept when all of them succeeded. Pairs may be nested.
     void beginWrites();
     bool endWrites();
@@ -41,6 +46,12 @@ private:
     bool fillFile(Connection& connection);
     bool prepare(Statement& statement, std::string_view sql);
     bool prepareReading();
+    bool addChecksums();
+    bool fillChecksums();
+    bool keepDamagedAside(std::int64_t key, const std::string& name);
+    std::optional<RegistryValue> readValue(const Statement& row, std::int64_t key);
+    bool checkValues(const std::function<void(std::string_view)>& report);
+    bool checkDamaged(const std::function<void(std::string_view)>& report);
     bool prepareWriting();
     bool makeWritable();
     bool begin();
@@ -62,6 +73,10 @@ private:
     Statement listValues_;
     Statement setValue_;
     Statement removeValue_;
+    Statement keepDamaged_;
+    Statement removeDamaged_;
+    Statement removeAllDamaged_;
+    bool hasChecksums_ = false;
     bool writable_ = false;
     int depth_ = 0;
     bool failed_ = false;

@@ -53,23 +53,7 @@ public:
         : volume_(std::move(connection), bounds, std::move(onCommitted)), history_(volume_) {}
 
     [[nodiscard]] std::vector<DatabaseInfo> databases(std::optional<std::uint32_t> type) override {
-        std::vector<DatabaseInfo> found;
-        Statement rows(volume_.connection(),
-                       type ? "SELECT id, name, type, sort_property FROM databases WHERE type = ?1 ORDER BY id"
-                            : "SELECT id, name, type, sort_property FROM databases ORDER BY id");
-        if (rows && type)
-            rows.bind(1, std::int64_t{*type});
-        Step step = Step::failed;
-        while ((step = rows.step()) == Step::row)
-            found.push_back({.id = static_cast<ObjectId>(rows.integer(0)),
-                             .name = toUtf16(rows.text(1)),
-                             .type = static_cast<std::uint32_t>(rows.integer(2)),
-                             .sortProperty = PropertyId(static_cast<std::uint32_t>(rows.integer(3)))});
-        if (step == Step::failed)
-            volume_.fail();
-        else
-            volume_.finish(PlatformError::none);
-        return found;
+        return volume_.databases(type);
     }
 
     ObjectId createDatabase(Transaction&, const DatabaseDefinition& definition) override {

@@ -77,6 +77,9 @@ public:
         return !normal.empty() && file_.removeKey(normal);
     }
     [[nodiscard]] std::string problem() const override { return file_.problem(); }
+    [[nodiscard]] bool check(const std::function<void(std::string_view)>& report) override {
+        return file_.check(report);
+    }
 
 private:
     std::unique_ptr<RegistryKey> key(std::optional<std::int64_t> id) {

@@ -3,8 +3,10 @@
 #include "platform/registry.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 namespace hourwright::platform {
 
@@ -16,6 +18,10 @@ public:
     /// Why the last access to the file failed, for tools; empty when it did not fail. A key or value that does not
     /// exist is no failure.
     [[nodiscard]] virtual std::string problem() const = 0;
+
+    /// Looks into the whole file: its structure and the checksum of every value. Reports each finding as a line of
+    /// text; true when there is none.
+    [[nodiscard]] virtual bool check(const std::function<void(std::string_view)>& report) = 0;
 };
 
 /// A registry in this file; never null. The folder of the file must exist by the time a key is created.

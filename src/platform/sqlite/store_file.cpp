@@ -36,6 +36,20 @@ std::optional<std::int64_t> number(Connection& connection, std::string_view sql)
     return statement.integer(0);
 }
 
+// Triggers, virtual tables (which have no page of their own) and views in the place of tables: none of them could do
+// harm, but a file that has them was made to mislead.
+constexpr std::string_view strangersSql =
+    "SELECT count(*) FROM sqlite_schema WHERE type = 'trigger' OR (type = 'table' AND rootpage = 0) OR"
+    " (type = 'view' AND (name GLOB 'records_*' OR name GLOB 'journal_*'))";
+
+// Other tools may have turned the file to a write-ahead log.
+bool useRollbackJournal(Connection& connection) {
+    Statement mode(connection, "PRAGMA journal_mode");
+    const bool usesLog = mode.step() == Step::row && mode.text(0) == "wal";
+    mode.reset();
+    return !usesLog || connection.execute("PRAGMA journal_mode=DELETE");
+}
+
 std::optional<StoreProblem> createLayout(Connection& connection) {
     if (!connection.execute("BEGIN IMMEDIATE"))
         return problemOf(connection);
@@ -71,15 +85,19 @@ std::optional<StoreProblem> inspectStoreFile(const std::filesystem::path& file) 
 std::optional<StoreProblem> prepareStoreFile(Connection& connection) {
     if (!connection.isOpen())
         return problemOf(connection);
-    const auto tables = number(connection, "SELECT count(*) FROM sqlite_master");
+    const auto tables = number(connection, "SELECT count(*) FROM sqlite_schema");
     if (!tables)
         return problemOf(connection);
     if (*tables == 0)
         return createLayout(connection);
-    const auto parts = number(connection, "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name IN "
+    if (number(connection, strangersSql) != 0)
+        return StoreProblem{PlatformError::fileCorrupt, "The file has triggers or other parts that no store has."};
+    const auto parts = number(connection, "SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND name IN "
                                           "('volume', 'databases', 'shapes')");
     if (parts != 3 || !number(connection, "SELECT next_id FROM volume"))
         return StoreProblem{PlatformError::fileCorrupt, "The file is damaged (its layout is incomplete)."};
+    if (!useRollbackJournal(connection))
+        return problemOf(connection);
     return {};
 }
 

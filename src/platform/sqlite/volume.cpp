@@ -21,6 +21,25 @@ bool Volume::fail() {
     return finish(error == PlatformError::none ? PlatformError::invalidParameter : error) && false;
 }
 
+std::vector<DatabaseInfo> Volume::databases(std::optional<std::uint32_t> type) {
+    std::vector<DatabaseInfo> found;
+    Statement rows(connection_, type ? "SELECT id, name, type, sort_property FROM databases WHERE type = ?1 ORDER BY id"
+                                     : "SELECT id, name, type, sort_property FROM databases ORDER BY id");
+    if (rows && type)
+        rows.bind(1, std::int64_t{*type});
+    Step step = Step::failed;
+    while ((step = rows.step()) == Step::row)
+        found.push_back({.id = static_cast<ObjectId>(rows.integer(0)),
+                         .name = toUtf16(rows.text(1)),
+                         .type = static_cast<std::uint32_t>(rows.integer(2)),
+                         .sortProperty = PropertyId(static_cast<std::uint32_t>(rows.integer(3)))});
+    if (step == Step::failed)
+        fail();
+    else
+        finish(PlatformError::none);
+    return found;
+}
+
 std::shared_ptr<Table> Volume::table(ObjectId database) {
     const auto known = tables_.find(database);
     if (known != tables_.end())

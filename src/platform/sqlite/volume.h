@@ -34,6 +34,9 @@ public:
     /// Remembers the connection's error; false.
     bool fail();
 
+    /// All databases in the order of their creation, or those of one type.
+    [[nodiscard]] std::vector<DatabaseInfo> databases(std::optional<std::uint32_t> type);
+
     /// The table of a database, kept for all handles; null when the database does not exist.
     [[nodiscard]] std::shared_ptr<Table> table(ObjectId database);
     void forgetTable(ObjectId database) { tables_.erase(database); }

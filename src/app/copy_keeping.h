@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/clock.h"
+#include "platform/locale.h"
+#include "platform/message_box.h"
+#include "platform/store_copies.h"
+
+#include <optional>
+
+namespace hourwright::app {
+
+/// Makes a copy and, once it is there, deletes those that need not be kept any longer. After a failure nothing is
+/// deleted.
+[[nodiscard]] platform::MadeCopy makeCopy(platform::StoreCopies& copies, const platform::SystemTime& now,
+                                          const platform::KeepGoing& keepGoing);
+
+/// The same when one is due; nothing otherwise.
+[[nodiscard]] std::optional<platform::MadeCopy>
+makeDueCopy(platform::StoreCopies& copies, const platform::SystemTime& now, const platform::KeepGoing& keepGoing);
+
+/// The newest copy that verifies; nothing when there is none.
+[[nodiscard]] std::optional<platform::StoreCopy> newestSoundCopy(platform::StoreCopies& copies);
+
+/// "%s" and "%s" of a message replaced by the date and the number of records of a copy.
+[[nodiscard]] std::u16string withCopy(resources::StringId id, const platform::StoreCopy& copy,
+                                      const platform::Locale& locale);
+
+/// Asks one of the two questions about restoring a copy; the default is No.
+[[nodiscard]] bool askToRestore(platform::MessageBox& messages, resources::StringId question,
+                                const platform::StoreCopy& copy, const platform::Locale& locale);
+
+/// Restores records or settings; a failure is shown.
+[[nodiscard]] platform::RestoredCopy restoreCopy(platform::StoreCopies& copies, const platform::StoreCopy& copy,
+                                                 platform::CopyPart part, const platform::SystemTime& now,
+                                                 platform::MessageBox& messages);
+
+/// Says that a copy was restored and where the file is that was there before.
+void showRestored(platform::MessageBox& messages, const platform::RestoredCopy& restored);
+
+/// For records that cannot be opened because they are damaged: looks for the newest copy that verifies and offers it.
+/// True when it was restored; false, and nothing changed, when there is none or the user does not want it.
+[[nodiscard]] bool offerCopy(platform::StoreCopies& copies, const platform::SystemTime& now,
+                             const platform::Locale& locale, platform::MessageBox& messages);
+
+} // namespace hourwright::app

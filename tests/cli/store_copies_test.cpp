@@ -1,0 +1,86 @@
+#include "cli/command_runner.h"
+#include "platform/posix/unix_instance_channel.h"
+
+#include <algorithm>
+#include <fstream>
+#include <gtest/gtest.h>
+
+namespace hourwright::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class StoreCopiesCommandTest : public testing::Test {
+protected:
+    StoreCopiesCommandTest() {
+        add("Acme");
+        copy_ = runner_.run({"store", "copy"}).out;
+        copy_.pop_back();
+        add("Bolt");
+    }
+
+    void add(const char* client) { EXPECT_EQ(runner_.run({"client", "add", client}).exitCode, 0); }
+    [[nodiscard]] std::string clients() { return runner_.run({"client", "list", "--json"}).out; }
+    void damage(const fs::path& file) { std::fstream(file, std::ios::in | std::ios::out) << "no database at all"; }
+    [[nodiscard]] fs::path records() { return runner_.home() / "hourwright.db"; }
+
+    CommandRunner runner_;
+    std::string copy_;
+};
+
+TEST_F(StoreCopiesCommandTest, ADamagedStoreIsSaidSoWithTheWayOutOfIt) {
+    damage(records());
+    const auto refused = runner_.run({"client", "list"});
+    EXPECT_EQ(refused.exitCode, 1);
+    EXPECT_TRUE(refused.err.starts_with("Hourwright is unable to open the database!\n")) << refused.err;
+    EXPECT_NE(refused.err.find("'hwctl store restore'"), std::string::npos) << refused.err;
+
+    const auto restored = runner_.run({"store", "restore", "--yes"});
+    EXPECT_EQ(restored.exitCode, 0) << restored.err;
+    EXPECT_EQ(restored.err, "");
+    const fs::path kept = restored.out.substr(0, restored.out.size() - 1);
+    EXPECT_EQ(kept.parent_path(), runner_.home());
+    EXPECT_TRUE(fs::exists(kept)) << kept;
+    EXPECT_NE(clients().find("Acme"), std::string::npos);
+    EXPECT_EQ(clients().find("Bolt"), std::string::npos);
+    EXPECT_EQ(runner_.run({"store", "check"}).exitCode, 0);
+}
+
+TEST_F(StoreCopiesCommandTest, TheNewestSoundOneIsTakenAndDamagedOnesAreNamed) {
+    const auto newer = runner_.run({"store", "copy", "--now", "2099-01-01 00:00:00"});
+    damage(runner_.home() / "copies/2099-01-01_00-00-00/hourwright.db");
+    const auto listed = runner_.run({"store", "copies", "--verify", "--json"});
+    EXPECT_EQ(listed.exitCode, 1);
+    EXPECT_NE(listed.out.find("\"sound\":false"), std::string::npos) << listed.out;
+    EXPECT_NE(listed.out.find("\"sound\":true"), std::string::npos) << listed.out;
+    EXPECT_EQ(runner_.run({"store", "restore", "2099-01-01_00-00-00", "--yes"}).err,
+              "This copy is damaged. It was not restored.\n");
+    EXPECT_NE(clients().find("Bolt"), std::string::npos);
+    EXPECT_EQ(runner_.run({"store", "restore", "--yes"}).exitCode, 0);
+    EXPECT_EQ(clients().find("Bolt"), std::string::npos);
+}
+
+TEST_F(StoreCopiesCommandTest, NothingIsRestoredWhileTheWindowIsOpen) {
+    const auto channel = platform::makeInstanceChannel(runner_.home() / "runtime");
+    const auto window = channel->claim();
+    ASSERT_EQ(window.claim, platform::Claim::first);
+    const auto result = runner_.run({"store", "restore", copy_, "--yes"});
+    EXPECT_EQ(result.exitCode, 1);
+    EXPECT_EQ(result.err, "The records are in use by another program. Close it and try again.\nIts window is open.\n");
+    EXPECT_NE(clients().find("Bolt"), std::string::npos);
+}
+
+TEST_F(StoreCopiesCommandTest, SettingsComeBackAlone) {
+    ASSERT_EQ(runner_.run({"registry", "set", "Own", "dword:1"}).exitCode, 0);
+    ASSERT_EQ(runner_.run({"store", "copy", "--now", "2099-01-01 00:00:00"}).exitCode, 0);
+    ASSERT_EQ(runner_.run({"registry", "set", "Own", "dword:2"}).exitCode, 0);
+    add("Cobra");
+    EXPECT_EQ(runner_.run({"store", "restore", "2099-01-01_00-00-00", "--settings", "--yes"}).exitCode, 0);
+    EXPECT_EQ(runner_.run({"registry", "get", "Own"}).out, "1\n");
+    EXPECT_NE(clients().find("Cobra"), std::string::npos);
+}
+
+} // namespace
+
+} // namespace hourwright::test
