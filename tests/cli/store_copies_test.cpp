@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace hourwright::test {
 
@@ -79,6 +80,25 @@ TEST_F(StoreCopiesCommandTest, SettingsComeBackAlone) {
     EXPECT_EQ(runner_.run({"store", "restore", "2099-01-01_00-00-00", "--settings", "--yes"}).exitCode, 0);
     EXPECT_EQ(runner_.run({"registry", "get", "Own"}).out, "1\n");
     EXPECT_NE(clients().find("Cobra"), std::string::npos);
+}
+
+// Not the process's mask makes the files private but each of them when it is made.
+TEST(FileModes, WhatThePassingOfCommandsLeavesBelongsToItsOwnerAlone) {
+    const mode_t before = ::umask(0);
+    CommandRunner runner;
+    runner.run({"client", "add", "Acme"});
+    runner.run({"registry", "set", "Own", "dword:1"});
+    runner.run({"entry", "add", "--client", "Acme", "--task", "T", "--duration", "1"});
+    runner.run({"export", "csv", (runner.home() / "all.csv").string(), "--all"});
+    EXPECT_EQ(runner.run({"store", "copy"}).exitCode, 0);
+    ::umask(before);
+    int files = 0;
+    for (const auto& entry : fs::recursive_directory_iterator(runner.home())) {
+        const auto mode = static_cast<unsigned>(entry.status().permissions()) & 0777U;
+        EXPECT_EQ(mode, entry.is_directory() ? 0700U : 0600U) << entry.path();
+        files += entry.is_directory() ? 0 : 1;
+    }
+    EXPECT_GE(files, 7);
 }
 
 } // namespace

@@ -124,7 +124,7 @@ TEST_F(SqliteRegistryTest, LeavesUnusableFilesByteForByte) {
          [](auto& file) { execute(file, "PRAGMA journal_mode=WAL; CREATE TABLE key(id, path)"); }},
         {"same tables of another program", [&](auto& file) { alter(file, [](std::string& data) { data[71] = 'h'; }); }},
         {"no version", [&](auto& file) { alter(file, [](std::string& data) { data[63] = 0; }); }},
-        {"newer", [&](auto& file) { alter(file, [](std::string& data) { data[63] = 2; }); }},
+        {"newer", [&](auto& file) { alter(file, [](std::string& data) { data[63] = 3; }); }},
         {"cut short", [&](auto& file) { alter(file, [](std::string& data) { data.resize(data.size() - 4096); }); }},
         {"damaged table list", [&](auto& file) { alter(file, [](std::string& data) { data[100] = 77; }); }},
     };

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -193,6 +194,7 @@ TEST_F(StoreCopiesTest, WhatIsWrittenMeanwhileIsInItAsAWholeOrNotAtAll) {
         while (!stop) {
             add(u"from the other thread");
             ++written;
+            std::this_thread::sleep_for(std::chrono::milliseconds(5));
         }
     });
     while (written < 3)
@@ -314,8 +316,8 @@ TEST_F(StoreCopiesTest, RestoringKeepsThePresentFileAndAllThatBelongsToIt) {
 // A writer killed in the middle leaves a journal that is to take back what it began in its file, and in no other.
 TEST_F(StoreCopiesTest, AJournalOfTheOldFileIsNotAppliedToTheCopy) {
     const StoreCopy copy = make();
-    for (int i = 0; i < 200; ++i)
-        add(u"some more, so that there are several pages");
+    for (int i = 0; i < 5; ++i)
+        add(std::u16string(20'000, u'x')); // several pages
     const pid_t writer = test::inChild([this]() -> bool {
         sqlite3* connection = nullptr;
         sqlite3_open(places_.records.c_str(), &connection);

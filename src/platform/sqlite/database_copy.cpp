@@ -38,10 +38,13 @@ FileOutcome failed(const Connection& connection) {
 FileOutcome copyPages(sqlite3_backup* backup, const KeepGoing& keepGoing) {
     int before = std::numeric_limits<int>::max();
     int restarts = 0;
+    int refusals = 0;
     while (keepGoing()) {
         const int result = sqlite3_backup_step(backup, restarts < patience ? pagesAtOnce : -1);
         if (result == SQLITE_DONE)
             return {};
+        if (result == SQLITE_BUSY && ++refusals < patience)
+            continue; // each has waited for the busy time-out
         if (result != SQLITE_OK)
             return failed(platformError(result), sqlite3_errstr(result));
         const int remaining = sqlite3_backup_remaining(backup);
