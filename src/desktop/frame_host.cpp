@@ -1,11 +1,14 @@
 #include "desktop/frame_host.h"
 
+#include "app/copy_keeping.h"
+#include "app/copy_notice.h"
 #include "desktop/screen_size.h"
 #include "desktop/window_place.h"
 #include "platform/icu/icu_locales.h"
 #include "platform/posix/flock_mutex.h"
 #include "platform/sqlite/sqlite_object_store.h"
 #include "platform/sqlite/sqlite_registry.h"
+#include "platform/sqlite/sqlite_store_copies.h"
 #include "platform/utf.h"
 
 #include <QApplication>
@@ -46,6 +49,7 @@ FrameHost::FrameHost(const app::StartOptions& options, platform::Directories dir
       frame_(*this, *registry_, messages_, device()) {}
 
 FrameHost::~FrameHost() {
+    dailyCopy_.reset();
     timers_.reset();
     billing::TimerSet::shutDown();
 }
@@ -64,13 +68,29 @@ bool FrameHost::create(const app::Rectangle& rectangle) {
 // The window makes its menus, of either kind, together with itself.
 void FrameHost::createMenuBar(bool /*softKeys*/) {}
 
-store::Stores* FrameHost::openStores() {
-    objects_ = platform::openSqliteObjectStore(directories_.recordsFile()).store;
+platform::PlatformError FrameHost::openRecords() {
+    auto opened = platform::openSqliteObjectStore(directories_.recordsFile());
+    objects_ = std::move(opened.store);
     if (!objects_)
-        return nullptr;
+        return opened.error;
     clientIdMutex_ = platform::makeNamedMutex(directories_.runtime, store::clientIdMutexName);
     stores_ = std::make_unique<store::Stores>(*objects_, *clientIdMutex_, *registry_);
-    return stores_->open() ? stores_.get() : nullptr;
+    if (stores_->open())
+        return platform::PlatformError::none;
+    const platform::PlatformError error = objects_->lastError();
+    stores_.reset();
+    objects_.reset();
+    return error == platform::PlatformError::none ? platform::PlatformError::openFailed : error;
+}
+
+store::Stores* FrameHost::openStores() {
+    copies_ = platform::openStoreCopies(platform::copyPlaces(directories_));
+    app::restoreWishedCopy(*copies_, *registry_, clock_.localTime(), messages_);
+    const platform::PlatformError error = openRecords();
+    if (error == platform::PlatformError::fileCorrupt &&
+        app::offerCopy(*copies_, clock_.localTime(), *locales_.user, messages_))
+        static_cast<void>(openRecords()); // what it left open says whether it did
+    return stores_.get();
 }
 
 void FrameHost::loadFilters() {
@@ -94,6 +114,8 @@ void FrameHost::createViews(const app::Rectangle& rectangle) {
     timerJournal_ = platform::openSqliteRegistry(directories_.state / "timers.db");
     timers_ =
         std::make_unique<TimerDesk>(*window_, billing::TimerSet::instance(), vibrator_, *timerJournal_, idleTime_);
+    dailyCopy_ = std::make_unique<DailyCopy>(*workspace_, std::move(copies_));
+    QObject::connect(dailyCopy_.get(), &DailyCopy::restartWanted, window_.get(), &QWidget::close);
     window_->mayClose = [this] {
         savePlace(*window_, *registry_);
         if (!frame_.close())
@@ -112,6 +134,7 @@ void FrameHost::showToday() {
     else
         window_->show();
     timers_->start();
+    dailyCopy_->start();
 }
 
 void FrameHost::comeForward() {

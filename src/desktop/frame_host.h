@@ -2,6 +2,7 @@
 
 #include "app/main_frame.h"
 #include "desktop/change_watch.h"
+#include "desktop/copies/daily_copy.h"
 #include "desktop/main_window.h"
 #include "desktop/timers/timer_desk.h"
 #include "desktop/workspace.h"
@@ -51,6 +52,7 @@ public:
 
 private:
     [[nodiscard]] std::optional<std::string> answer(const platform::InstanceMessage& message);
+    [[nodiscard]] platform::PlatformError openRecords();
 
     app::StartOptions options_;
     platform::Directories directories_;
@@ -76,6 +78,8 @@ private:
     std::unique_ptr<MainWindow> window_;
     std::unique_ptr<TimerDesk> timers_;
     std::unique_ptr<platform::QtInstanceNotifier> notifier_;
+    std::unique_ptr<platform::StoreCopies> copies_;
+    std::unique_ptr<DailyCopy> dailyCopy_;
 };
 
 } // namespace hourwright::desktop

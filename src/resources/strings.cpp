@@ -192,8 +192,10 @@ constexpr std::array table = {
         u"The daily copy of your records could not be made in\n%s\n\nYour records are not affected. Hourwright tries "
         u"again at every start, but will not tell you again."},
     Row{StringId::recordsDamaged,
-        u"Some of your records are damaged, so they were not copied today. The copies that are there are kept.\n\nThe "
-        u"newest copy was made on %s and has %s records. It can be restored in \"About...\"."},
+        u"Some of your records are damaged, so they were not copied today. Older copies are kept.\n\nThe newest copy "
+        u"was "
+        u"made on %s and has %s records. What was recorded after that is not in it.\n\nDo you want to go back to this "
+        u"copy? The present file is kept under another name."},
     Row{StringId::restoreAtNextStart,
         u"The copy will be restored when Hourwright is started again. Hourwright ends now."},
 };

@@ -49,7 +49,7 @@ TEST_F(StoreCopiesCommandTest, ADamagedStoreIsSaidSoWithTheWayOutOfIt) {
 }
 
 TEST_F(StoreCopiesCommandTest, TheNewestSoundOneIsTakenAndDamagedOnesAreNamed) {
-    const auto newer = runner_.run({"store", "copy", "--now", "2099-01-01 00:00:00"});
+    ASSERT_EQ(runner_.run({"store", "copy", "--now", "2099-01-01 00:00:00"}).exitCode, 0);
     damage(runner_.home() / "copies/2099-01-01_00-00-00/hourwright.db");
     const auto listed = runner_.run({"store", "copies", "--verify", "--json"});
     EXPECT_EQ(listed.exitCode, 1);
@@ -86,11 +86,14 @@ TEST_F(StoreCopiesCommandTest, SettingsComeBackAlone) {
 TEST(FileModes, WhatThePassingOfCommandsLeavesBelongsToItsOwnerAlone) {
     const mode_t before = ::umask(0);
     CommandRunner runner;
-    runner.run({"client", "add", "Acme"});
-    runner.run({"registry", "set", "Own", "dword:1"});
-    runner.run({"entry", "add", "--client", "Acme", "--task", "T", "--duration", "1"});
-    runner.run({"export", "csv", (runner.home() / "all.csv").string(), "--all"});
-    EXPECT_EQ(runner.run({"store", "copy"}).exitCode, 0);
+    const std::vector<std::vector<std::string>> commands = {
+        {"client", "add", "Acme"},
+        {"registry", "set", "Own", "dword:1"},
+        {"entry", "add", "--client", "Acme", "--task", "T", "--duration", "1"},
+        {"export", "csv", (runner.home() / "all.csv").string(), "--day"},
+        {"store", "copy"}};
+    for (const auto& command : commands)
+        EXPECT_EQ(runner.run(command).exitCode, 0) << command.front();
     ::umask(before);
     int files = 0;
     for (const auto& entry : fs::recursive_directory_iterator(runner.home())) {

@@ -3,7 +3,9 @@
 #include "desktop/icons.h"
 #include "platform/icu/icu_version.h"
 #include "platform/qt/qt_text.h"
+#include "platform/sqlite/sqlite_store_copies.h"
 #include "platform/sqlite/sqlite_version.h"
+#include "resources/texts/copies.h"
 #include "resources/texts/options.h"
 
 #include <QFormLayout>
@@ -32,6 +34,20 @@ QLabel* makeText(const QString& text) {
 // A path has no blanks to break at; it may be broken behind every folder.
 QString breakable(const std::filesystem::path& path) {
     return QString::fromStdString(path.string()).replace('/', QString('/') + QChar(0x200B));
+}
+
+// Where the copies are and of when the newest is.
+QString copiesText(Workspace& workspace) {
+    const auto copies = platform::openStoreCopies(platform::copyPlaces(workspace.directories()));
+    const auto all = copies->list();
+    QString text = toQString(resources::copies::none);
+    if (!all.empty()) {
+        const auto& time = all.front().time;
+        const auto& locale = workspace.locale();
+        text = toQString(resources::copies::newest)
+                   .replace("%s", toQString(locale.shortDate(time) + u' ' + locale.timeWithoutSeconds(time)));
+    }
+    return text + ' ' + breakable(copies->folder());
 }
 
 } // namespace
@@ -66,6 +82,7 @@ void AboutDialog::addFacts() {
     auto* form = addForm();
     form->addRow(toQString(texts::aboutLicence), makeText("MIT"));
     form->addRow(toQString(texts::aboutData), makeText(breakable(workspace().directories().data)));
+    form->addRow(toQString(resources::copies::label), makeText(copiesText(workspace())));
     const QStringList libraries{QString("Qt ") + qVersion(),
                                 "SQLite " + QString::fromStdString(platform::sqliteVersion()),
                                 "ICU " + QString::fromStdString(platform::icuVersion())};
