@@ -35,6 +35,7 @@ class Measured:
             return
         self.samples = line["ours"]
         self.ours = min(line["ours"])
+        self.cpu = min(line["ours cpu"])
         self.other = min(line["other"]) if line.get("other") else None
         self.ratio = self.ours / self.other if self.other else None
         self.cpu_ratio = min(line["ours cpu"]) / max(min(line["other cpu"]), 1e-9) if self.other else None
@@ -48,7 +49,8 @@ class Measured:
         if self.row.ratio and self.ratio > self.row.ratio:
             found.append(f"{self.ratio:.2f} x, limit {self.row.ratio:g} x; {self.cpu_ratio:.2f} x of the processor")
         if self.row.seconds and self.ours > self.row.seconds:
-            found.append(f"{duration(self.ours)}, limit {duration(self.row.seconds)}")
+            found.append(f"{duration(self.ours)}, limit {duration(self.row.seconds)}; {duration(self.cpu)} of the"
+                         " processor")
         if self.row.megabytes and self.megabytes and self.megabytes > self.row.megabytes:
             found.append(f"{self.megabytes:.0f} MB, limit {self.row.megabytes:g} MB")
         return found
@@ -59,9 +61,10 @@ class Measured:
         ours = duration(self.ours)
         if len(self.samples) > 1:
             ours += f" +{spread(self.samples)} %"
-        mark = "**" if self.misses() else ""
+        slow = "**" if self.row.seconds and self.ours > self.row.seconds else ""
+        mark = "**" if self.row.ratio and self.ratio > self.row.ratio else ""
         return [
-            mark + ours + mark,
+            slow + ours + slow,
             duration(self.other) if self.other else "",
             f"{mark}{self.ratio:.2f}{mark}" if self.ratio else "",
             f"{self.cpu_ratio:.2f}" if self.cpu_ratio else "",
