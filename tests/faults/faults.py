@@ -44,7 +44,7 @@ def main():
         with concurrent.futures.ProcessPoolExecutor(options.jobs, mp_context=fork) as pool:
             running = {name: pool.submit(run_class, shared, name) for name in names}
             for future in concurrent.futures.as_completed(running.values()):
-                tell_failures(next(name for name in names if running[name] is future), *future.result())
+                tell_end(next(name for name in names if running[name] is future), *future.result())
         results = {name: future.result() for name, future in running.items()}
     return print_table(results)
 
@@ -74,6 +74,7 @@ def prepare(options, folder):
 
 def run_class(shared, name):
     began = time.monotonic()
+    Result.name = name
     try:
         result = CLASSES[name](Run(shared, name))
     except Exception:  # a class that cannot go on has failed; the others go on
@@ -82,10 +83,8 @@ def run_class(shared, name):
     return result, time.monotonic() - began
 
 
-def tell_failures(name, result, seconds):
-    print(f"{name}: {result.cases} cases, {len(result.failures)} failed, {seconds:.0f} s", flush=True)
-    for failure in result.failures[:20]:
-        print(f"    {failure}", flush=True)
+def tell_end(name, result, seconds):
+    print(f"{name}: done, {result.cases} cases, {len(result.failures)} failed, {seconds:.0f} s", flush=True)
 
 
 def print_table(results):

@@ -26,8 +26,11 @@ ANSWERS = {
 
 def serve(connection, record, answer):
     def receive():
-        while data := connection.recv(65536):
-            os.write(record, data)
+        try:
+            while data := connection.recv(65536):
+                os.write(record, data)
+        except OSError:
+            pass  # the answer has ended the connection
     try:
         reader = threading.Thread(target=receive, daemon=True)
         reader.start()

@@ -43,7 +43,10 @@ class Run:
 
 
 class Result:
-    """How many cases there were, what failed, and whether the control was found."""
+    """How many cases there were, what failed, and whether the control was found. Failures, and how far it is, are
+    printed as they come."""
+
+    name = ""  # of the class of cases that this process runs
 
     def __init__(self):
         self.cases = 0
@@ -55,6 +58,10 @@ class Result:
         self.cases += 1
         if failure:
             self.failures.append(f"{name}: {failure}")
+        if failure and len(self.failures) <= 20:
+            print(f"{Result.name}: {name}: {failure}", flush=True)
+        if self.cases % 250 == 0:
+            print(f"{Result.name}: {self.cases} cases, {len(self.failures)} failed", flush=True)
 
     def skip(self, reason):
         """There is nothing to try on this machine."""

@@ -20,10 +20,11 @@ def frame(kind, payload=b"", length=None):
     return MAGIC + struct.pack("<BI", kind, len(payload) if length is None else length) + payload
 
 
-def start_window(run, home, words=(), prefix=(), **options):
+def start_window(run, home, words=(), prefix=()):
+    """A process group of its own, so that what it runs under ends together with it."""
     command = [*prefix, str(run.hourwright), "--home", str(home.path), "--locale", "C", *words]
     return subprocess.Popen(command, env=environment(QT_QPA_PLATFORM="offscreen"), stdin=subprocess.DEVNULL,
-                            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, **options)
+                            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, start_new_session=True)
 
 
 def at_socket(home, call):
@@ -84,10 +85,17 @@ def wait_for(process, patience):
 
 
 def end(processes, with_signal=signal.SIGTERM):
+    """Ends windows, and kills what is not gone in time."""
     for process in processes:
-        if process.poll() is None:
-            process.send_signal(with_signal)
+        send_to_group(process, with_signal)
     for process in processes:
-        if wait_for(process, PATIENCE) is None:
-            process.kill()
-            process.wait()
+        wait_for(process, PATIENCE)
+        send_to_group(process, signal.SIGKILL)
+        process.wait()
+
+
+def send_to_group(process, number):
+    try:
+        os.killpg(process.pid, number)
+    except ProcessLookupError:
+        pass
