@@ -3,6 +3,7 @@
 #include "platform/file_time.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -32,7 +33,11 @@ enum class HistoryResult : std::uint8_t {
     nothing,          ///< there is no such step
     changedMeanwhile, ///< a record is not as the step left it; nothing was changed
     failed,           ///< the store's last error says why; nothing was changed
+    cancelled,        ///< by the caller; nothing was changed
 };
+
+/// Is told how many changes of a step have been carried out, after each of them. False ends it and takes them back.
+using HistoryProgress = std::function<bool(std::uint64_t changes)>;
 
 /// The last changes of a store, shared by all programs that use it. It outlives them, is bounded, and is emptied when a
 /// database is deleted. A new named change forgets the steps that are undone.
@@ -45,10 +50,12 @@ public:
 
     /// Takes back the newest step that is not undone, in a transaction of its own: every record is as it was before,
     /// with its object id.
-    [[nodiscard]] virtual HistoryResult undo() = 0;
+    [[nodiscard]] virtual HistoryResult undo(const HistoryProgress& progress) = 0;
+    [[nodiscard]] HistoryResult undo() { return undo(HistoryProgress{}); }
 
     /// Carries out again the step that was undone last.
-    [[nodiscard]] virtual HistoryResult redo() = 0;
+    [[nodiscard]] virtual HistoryResult redo(const HistoryProgress& progress) = 0;
+    [[nodiscard]] HistoryResult redo() { return redo(HistoryProgress{}); }
 };
 
 } // namespace hourwright::platform

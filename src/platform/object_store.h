@@ -146,7 +146,7 @@ public:
     [[nodiscard]] virtual std::unique_ptr<Transaction> begin(const ChangeLabel& label) = 0;
     [[nodiscard]] std::unique_ptr<Transaction> begin() { return begin(ChangeLabel{}); }
 
-    /// The changes that can be undone and redone; it lives as long as the store.
+    /// The changes that can be undone and redone; it lives until the store is reopened.
     [[nodiscard]] virtual History& history() = 0;
 
     /// Begins to read one state. Never null; reading fails later if the store cannot be read. Under a transaction it
@@ -157,9 +157,21 @@ public:
     /// Returns true when there is none.
     [[nodiscard]] virtual bool check(const std::function<void(std::string_view)>& report) = 0;
 
-    /// A number that is another one after a program or object other than this has written; it costs little. Nothing when
-    /// the store cannot be read just now. Leaves the last error as it is.
+    /// A number that is another one after a program or object other than this has written; it costs little. Nothing
+    /// when the store cannot be read just now. Leaves the last error as it is.
     [[nodiscard]] virtual std::optional<std::uint64_t> changesByOthers() = 0;
+
+    /// Whether operations wait for a while when another program or object holds the store, as they do at first. If not,
+    /// they fail at once with error 33.
+    virtual void waitForOthers(bool wait) = 0;
+
+    /// True when another file has taken the place of the open one, for example a copy that was put back. What is open
+    /// can still be read, but not written.
+    [[nodiscard]] virtual bool isReplaced() = 0;
+    /// Opens the file that stands in the place now. Databases that are open go on reading the former file, so they are
+    /// to be opened anew. False, and nothing happens, when there is no file or it cannot be used, or under a
+    /// transaction.
+    [[nodiscard]] virtual bool reopen() = 0;
 
     /// The error of the last failed operation, `none` after a successful one.
     [[nodiscard]] virtual PlatformError lastError() const = 0;

@@ -4,6 +4,7 @@
 #include "support/temporary_directory.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
@@ -320,6 +321,77 @@ TEST_F(HistoryTest, IsNotUsedInTheMidstOfAChange) {
     EXPECT_EQ(store_->history().undo(), HistoryResult::failed);
     EXPECT_EQ(store_->lastError(), PlatformError::invalidParameter);
     EXPECT_TRUE(transaction->commit());
+}
+
+// Steps of several records: an update, an addition, a deletion each.
+class LongStepTest : public HistoryTest {
+public:
+    LongStepTest() {
+        const ObjectId kept = add(u"", 1);
+        const ObjectId lost = add(u"", 2);
+        before_ = dump();
+        const auto transaction = begin(u"long");
+        EXPECT_EQ(things_->write(*transaction, kept, std::array{date(7), PropertyValue::ofUi2(1006, 5)}), kept);
+        EXPECT_NE(things_->write(*transaction, ObjectId::none, std::array{date(3)}), ObjectId::none);
+        EXPECT_EQ(things_->seek(Seek::toId(lost)), lost);
+        EXPECT_TRUE(things_->deleteCurrent(*transaction));
+        EXPECT_NE(others_->write(*transaction, ObjectId::none, std::array{date(4)}), ObjectId::none);
+        EXPECT_TRUE(transaction->commit());
+        after_ = dump();
+    }
+
+protected:
+    static constexpr std::uint64_t changes = 4;
+    std::string before_;
+    std::string after_;
+};
+
+TEST_F(LongStepTest, TellsHowFarItIs) {
+    for (const bool back : {true, false}) {
+        std::vector<std::uint64_t> told;
+        const auto progress = [&told](std::uint64_t done) {
+            told.push_back(done);
+            return true;
+        };
+        History& history = store_->history();
+        EXPECT_EQ(back ? history.undo(progress) : history.redo(progress), HistoryResult::done);
+        EXPECT_EQ(told, (std::vector<std::uint64_t>{1, 2, 3, 4}));
+        EXPECT_EQ(dump(), back ? before_ : after_);
+    }
+}
+
+TEST_F(LongStepTest, CancelledAnywhereItHasChangedNothing) {
+    for (std::uint64_t at = 1; at <= changes; ++at) {
+        EXPECT_EQ(store_->history().undo([at](std::uint64_t done) { return done < at; }), HistoryResult::cancelled);
+        EXPECT_EQ(store_->lastError(), PlatformError::none);
+        EXPECT_EQ(dump(), after_) << at;
+        EXPECT_EQ(names(), "long+ ");
+    }
+    EXPECT_EQ(store_->history().undo(), HistoryResult::done);
+    EXPECT_EQ(store_->history().redo([](std::uint64_t done) { return done < 2; }), HistoryResult::cancelled);
+    EXPECT_EQ(dump(), before_);
+    EXPECT_EQ(findings(), std::vector<std::string>{});
+    EXPECT_EQ(store_->history().redo(), HistoryResult::done);
+    EXPECT_EQ(dump(), after_);
+}
+
+TEST_F(LongStepTest, KilledAnywhereItHasChangedNothing) {
+    for (std::uint64_t at = 1; at <= changes; ++at) {
+        const pid_t child = test::inChild([&] {
+            auto own = openSqliteObjectStore(file());
+            return own.store != nullptr && own.store->history().undo([at](std::uint64_t done) {
+                if (done == at)
+                    raise(SIGKILL);
+                return true;
+            }) == HistoryResult::done;
+        });
+        EXPECT_FALSE(test::succeeded(child));
+        reopen();
+        EXPECT_EQ(dump(), after_) << at;
+        EXPECT_EQ(findings(), std::vector<std::string>{});
+    }
+    EXPECT_EQ(store_->history().undo(), HistoryResult::done);
+    EXPECT_EQ(dump(), before_);
 }
 
 TEST_F(HistoryTest, DamageIsFoundAndNotCarriedOut) {

@@ -392,6 +392,71 @@ TEST_F(ObjectStoreTest, OpeningTheFileAgainKeepsThisProcessesLocks) {
     EXPECT_NE(std::system(shell.c_str()), 0); // another process is still kept out
 }
 
+TEST_F(ObjectStoreTest, DoesNotWaitForOthersWhenToldSo) {
+    makeDatabase(byDate);
+    auto other = openSqliteObjectStore(file());
+    ASSERT_TRUE(other.store);
+    const auto transaction = store_->begin();
+    other.store->waitForOthers(false);
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(other.store->begin());
+    EXPECT_EQ(other.store->lastError(), PlatformError::locked);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1)); // the patience would be 5
+    other.store->waitForOthers(true);
+    ASSERT_TRUE(transaction->commit());
+    EXPECT_TRUE(other.store->begin());
+}
+
+// A copy of before is put back by renaming, as restoring does.
+TEST_F(ObjectStoreTest, FollowsAFileThatTookThePlaceOfItsOwn) {
+    makeDatabase(byDate);
+    const auto count = [this] {
+        const auto database = store_->openDatabase(store_->databases().front().id, byDate);
+        return database->recordCount();
+    };
+    const auto addRecord = [this] {
+        const auto transaction = store_->begin();
+        return transaction != nullptr &&
+               database_->write(*transaction, ObjectId::none, std::array{date(1)}) != ObjectId::none &&
+               transaction->commit();
+    };
+    const std::filesystem::path copy = file().string() + ".copy";
+    std::filesystem::copy_file(file(), copy);
+    ASSERT_TRUE(addRecord());
+    EXPECT_FALSE(store_->isReplaced());
+
+    std::filesystem::rename(copy, file());
+    EXPECT_TRUE(store_->isReplaced());
+    EXPECT_FALSE(addRecord()); // it would be lost in a file without a name
+    EXPECT_EQ(count(), 1U);
+    ASSERT_TRUE(store_->reopen());
+    EXPECT_FALSE(store_->isReplaced());
+    EXPECT_EQ(count(), 0U);
+    EXPECT_NE(database_->seek(Seek::toBeginning()), ObjectId::none); // still that of the former file
+    EXPECT_FALSE(addRecord());
+    database_ = store_->openDatabase(store_->databases().front().id, byDate);
+    EXPECT_TRUE(addRecord());
+    EXPECT_EQ(count(), 1U);
+}
+
+TEST_F(ObjectStoreTest, KeepsItsFileWhenTheOneInItsPlaceIsOfNoUse) {
+    makeDatabase(byDate);
+    std::filesystem::rename(file(), file().string() + ".away");
+    EXPECT_FALSE(store_->isReplaced()); // there is none yet
+    EXPECT_FALSE(store_->reopen());
+    EXPECT_EQ(store_->lastError(), PlatformError::fileNotFound);
+    EXPECT_FALSE(std::filesystem::exists(file()));
+    std::ofstream(file()) << std::string(5000, 'x');
+    EXPECT_TRUE(store_->isReplaced());
+    EXPECT_FALSE(store_->reopen());
+    EXPECT_EQ(store_->databases().size(), 1U);
+    std::filesystem::rename(file().string() + ".away", file());
+    EXPECT_FALSE(store_->isReplaced());
+    const auto transaction = store_->begin();
+    EXPECT_TRUE(transaction);
+    EXPECT_FALSE(store_->reopen()); // not now
+}
+
 TEST_F(ObjectStoreTest, FindsDatabasesByTypeAndOrderOfCreation) {
     const auto transaction = store_->begin();
     const auto create = [&](std::u16string_view name, std::uint32_t type) {

@@ -215,7 +215,7 @@ Connection::Connection(const std::filesystem::path& file, std::chrono::milliseco
     open_ = result == SQLITE_OK;
     if (!open_)
         return;
-    sqlite3_busy_timeout(connection, static_cast<int>(busyTimeout.count()));
+    setBusyTimeout(busyTimeout);
     harden(connection);
     open_ =
         execute("PRAGMA synchronous=EXTRA; PRAGMA cell_size_check=ON; PRAGMA temp_store=MEMORY; PRAGMA mmap_size=0");
@@ -223,6 +223,15 @@ Connection::Connection(const std::filesystem::path& file, std::chrono::milliseco
 
 bool Connection::isReadOnly() const {
     return sqlite3_db_readonly(handle_.get(), "main") != 0;
+}
+
+bool Connection::hasMoved() const {
+    int moved = 0;
+    return sqlite3_file_control(handle_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK && moved != 0;
+}
+
+void Connection::setBusyTimeout(std::chrono::milliseconds time) {
+    sqlite3_busy_timeout(handle_.get(), static_cast<int>(time.count()));
 }
 
 bool Connection::inTransaction() const {

@@ -92,6 +92,10 @@ public:
 
     [[nodiscard]] bool isOpen() const { return handle_ != nullptr && open_; }
     [[nodiscard]] bool isReadOnly() const;
+    /// True when the file is no longer at its place.
+    [[nodiscard]] bool hasMoved() const;
+    /// How long an operation waits for another one's lock.
+    void setBusyTimeout(std::chrono::milliseconds time);
     /// True while a transaction is open.
     [[nodiscard]] bool inTransaction() const;
 

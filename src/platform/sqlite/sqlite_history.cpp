@@ -22,9 +22,11 @@ std::vector<HistoryStep> SqliteHistory::steps() {
     return found;
 }
 
-HistoryResult SqliteHistory::run(Way way) {
+HistoryResult SqliteHistory::run(Way way, const HistoryProgress& progress) {
     if (!volume_.begin({}))
         return HistoryResult::failed;
+    progress_ = &progress;
+    changes_ = 0;
     const HistoryResult result = runStep(way);
     forgetWriters();
     if (result == HistoryResult::done)
@@ -82,8 +84,15 @@ HistoryResult SqliteHistory::replayPart(std::int64_t number, Way way) {
         const HistoryResult result = apply(change);
         if (result != HistoryResult::done)
             return result;
+        if (!goesOn())
+            return HistoryResult::cancelled;
     }
     return HistoryResult::done;
+}
+
+bool SqliteHistory::goesOn() {
+    ++changes_;
+    return !*progress_ || (*progress_)(changes_);
 }
 
 HistoryResult SqliteHistory::apply(const RecordChange& change) {

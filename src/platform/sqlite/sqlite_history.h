@@ -20,17 +20,20 @@ public:
     SqliteHistory& operator=(const SqliteHistory&) = delete;
 
     [[nodiscard]] std::vector<HistoryStep> steps() override;
-    [[nodiscard]] HistoryResult undo() override { return run(Way::back); }
-    [[nodiscard]] HistoryResult redo() override { return run(Way::forth); }
+    using History::redo;
+    using History::undo;
+    [[nodiscard]] HistoryResult undo(const HistoryProgress& progress) override { return run(Way::back, progress); }
+    [[nodiscard]] HistoryResult redo(const HistoryProgress& progress) override { return run(Way::forth, progress); }
 
 private:
     enum class Way : std::uint8_t { back, forth };
 
-    [[nodiscard]] HistoryResult run(Way way);
+    [[nodiscard]] HistoryResult run(Way way, const HistoryProgress& progress);
     [[nodiscard]] HistoryResult runStep(Way way);
     [[nodiscard]] HistoryResult replay(const JournalStep& step, Way way);
     [[nodiscard]] HistoryResult replayPart(std::int64_t part, Way way);
     [[nodiscard]] HistoryResult apply(const RecordChange& change);
+    [[nodiscard]] bool goesOn();
     void forgetWriters();
     HistoryResult failed();
     HistoryResult damaged();
@@ -42,7 +45,10 @@ private:
     };
 
     Volume& volume_;
-    std::map<ObjectId, Writer> writers_; // while a step runs
+    // While a step runs:
+    std::map<ObjectId, Writer> writers_;
+    const HistoryProgress* progress_ = nullptr;
+    std::uint64_t changes_ = 0;
 };
 
 } // namespace hourwright::platform::sqlite

@@ -62,6 +62,8 @@ public:
     void attach(SqliteDatabase& handle) { handles_.push_back(&handle); }
     void detach(SqliteDatabase& handle) { std::erase(handles_, &handle); }
     void releaseScans();
+    /// True while a database is open on it.
+    [[nodiscard]] bool isInUse() const { return !handles_.empty(); }
 
 private:
     [[nodiscard]] bool storeNextId();
