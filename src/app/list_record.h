@@ -53,6 +53,8 @@ struct ListRecord<store::TimeEntry> {
                                        flag(store::field::oldBillable),
                                        flag(store::field::oldBilled),
                                        platform::PropertyId{store::field::oldStart, platform::ValueType::fileTime}};
+    /// What cells need besides, other than texts.
+    static constexpr std::array<platform::PropertyId, 0> shown{};
     static constexpr auto currency = store::field::currency;
     static constexpr std::array<ListText<Record, EntryFilter>, 8> texts{{
         {store::field::client, &Record::client, &EntryFilter::client},
@@ -88,6 +90,7 @@ struct ListRecord<store::ExpenseEntry> {
                                        ui4(store::field::rate),
                                        ui4(store::field::distance),
                                        flag(store::field::receipt)};
+    static constexpr std::array shown{ui4(store::field::startOdometer)};
     static constexpr auto currency = store::field::currency;
     static constexpr std::array<ListText<Record, ExpenseFilter>, 7> texts{{
         {store::field::client, &Record::client, &ExpenseFilter::client},

@@ -1,14 +1,18 @@
 #include "app/list_rows.h"
 
-#include "app/list_record.h"
+#include "app/record_cache.h"
+#include "app/stepped_walk.h"
+#include "platform/remembering_locale.h"
 #include "resources/texts/periods.h"
 
 #include <algorithm>
 #include <array>
 #include <deque>
 #include <limits>
+#include <map>
 #include <numeric>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace hourwright::app {
@@ -42,31 +46,46 @@ struct Row {
     FileTime date;
 };
 
-// Records that were shown lately; painting asks for the cells of one row after the other.
 template<typename Record>
-class RecordCache {
-public:
-    explicit RecordCache(store::RecordStore& store) : store_(store) {}
+class RecordSearch final : public RowSearch {
+    using Traits = ListRecord<Record>;
 
-    const Record& read(store::RecordId id) {
-        Slot& slot = slots_[static_cast<std::size_t>(id) % slots_.size()];
-        if (slot.id != id) {
-            slot.id = id;
-            if (store_.seek(platform::Seek::toId(id)) == store::RecordId::none ||
-                ListRecord<Record>::read(store_, slot.record) != store::ReadResult::ok)
-                slot.record = Record{};
-        }
-        return slot.record;
+public:
+    RecordSearch(store::RecordStore& store, const store::DateRange& range, std::span<const Row> rows,
+                 const CellContext& context, std::vector<std::size_t> columns,
+                 std::function<bool(std::u16string_view)> test)
+        : walk_(store, range, properties()), rows_(rows), context_(context), columns_(std::move(columns)),
+          test_(std::move(test)) {}
+
+    bool look(std::size_t limit) override {
+        const bool more = walk_.go(limit, [this](const Record& record) {
+            if (std::ranges::any_of(columns_, [&](std::size_t column) {
+                    return test_(Traits::columns()[column].cell(record, context_));
+                }))
+                matching_.insert(record.id);
+        });
+        for (std::size_t row = 0; !more && !matching_.empty() && row < rows_.size(); ++row)
+            if (matching_.contains(rows_[row].id))
+                found_.push_back(row);
+        return more;
     }
 
-private:
-    struct Slot {
-        store::RecordId id = store::RecordId::none;
-        Record record;
-    };
+    [[nodiscard]] const std::vector<std::size_t>& found() const override { return found_; }
 
-    store::RecordStore& store_;
-    std::array<Slot, 256> slots_{};
+private:
+    [[nodiscard]] static std::vector<platform::PropertyId> properties() {
+        auto properties = propertiesOf<Record>([](const auto& /*text*/) { return true; });
+        properties.insert(properties.end(), Traits::shown.begin(), Traits::shown.end());
+        return properties;
+    }
+
+    SteppedWalk<Record> walk_;
+    std::span<const Row> rows_;
+    CellContext context_;
+    std::vector<std::size_t> columns_;
+    std::function<bool(std::u16string_view)> test_;
+    std::unordered_set<store::RecordId> matching_; // whatever the filter says; the rows have passed it
+    std::vector<std::size_t> found_;
 };
 
 template<typename Record>
@@ -82,13 +101,16 @@ public:
             by_ = Traits::arrangements()[query.arrangedBy].by;
         // A position of its own, so that rows can be read while others walk.
         complete_ = !store_.open();
-        chooseProperties();
+        walk_.emplace(store_, query_.range, properties());
     }
 
     bool load(std::size_t limit) override {
         if (complete_)
             return false;
-        complete_ = !walk(limit);
+        complete_ = !walk_->go(limit, [this](const Record& record) {
+            if (matcher_.matches(record))
+                add(record);
+        });
         if (complete_)
             finish();
         return !complete_;
@@ -117,51 +139,21 @@ public:
         return record.id == store::RecordId::none ? SimpleRow() : Traits::simpleRow(record, context(), display);
     }
 
+    [[nodiscard]] std::unique_ptr<RowSearch> search(std::vector<std::size_t> columns,
+                                                    std::function<bool(std::u16string_view)> test) override {
+        std::erase_if(columns, [this](std::size_t column) { return column >= columnCount(); });
+        return std::make_unique<RecordSearch<Record>>(store_, query_.range, rows_, context(), std::move(columns),
+                                                      std::move(test));
+    }
+
 private:
     [[nodiscard]] CellContext context() const { return {locale_, rules_}; }
 
-    void chooseProperties() {
-        properties_.assign(Traits::always.begin(), Traits::always.end());
-        properties_.emplace_back(Traits::currency, platform::ValueType::text);
-        const auto& filter = Traits::filter(query_);
-        for (const auto& text : Traits::texts)
-            if ((text.wanted != nullptr && !(filter.*text.wanted).empty()) ||
-                (by_ != nullptr && (text.text == by_ || text.text == Traits::second)))
-                properties_.emplace_back(text.field, platform::ValueType::text);
-    }
-
-    // Where the walk goes on: one tick before the last row, whose equals on that instant follow by their ids.
-    [[nodiscard]] store::DateRange rest() const {
-        store::DateRange range = query_.range;
-        if (lastId_ != store::RecordId::none && lastDate_.ticks > 0)
-            range.after = FileTime{lastDate_.ticks - 1};
-        return range;
-    }
-
-    // Adds what passes the filter among so many further records; true when there may be more.
-    bool walk(std::size_t limit) {
-        store::DateWalk records(store_, rest(), properties_);
-        Record record;
-        std::size_t seen = 0;
-        while (seen < limit) {
-            if (records.next(record) != store::ReadResult::ok)
-                return false;
-            const FileTime stored = storedDate(records);
-            if (lastId_ != store::RecordId::none && stored == lastDate_ && record.id <= lastId_)
-                continue;
-            lastDate_ = stored;
-            lastId_ = record.id;
-            ++seen;
-            if (matcher_.matches(record))
-                add(record);
-        }
-        return true;
-    }
-
-    // The date that the store sorts by; that of the record may have an old start time put into it.
-    [[nodiscard]] static FileTime storedDate(const store::DateWalk& records) {
-        const auto* const date = records.properties().find(dateOfRecord);
-        return date != nullptr ? date->fileTime() : FileTime{};
+    [[nodiscard]] std::vector<platform::PropertyId> properties() const {
+        return propertiesOf<Record>([&](const auto& text) {
+            const bool filtered = text.wanted != nullptr && !(Traits::filter(query_).*text.wanted).empty();
+            return filtered || (by_ != nullptr && (text.text == by_ || text.text == Traits::second));
+        });
     }
 
     void add(const Record& record) {
@@ -205,27 +197,36 @@ private:
         }
     }
 
+    // The groups in the order of their keys, the rows in that of their groups, dates and second texts. The walk has
+    // brought them by date already, so that they are dealt out to their groups and hardly ever sorted.
     void arrangeRows() {
-        std::vector<ArrangeRow> keys;
-        keys.reserve(rows_.size());
-        for (const Row& row : rows_)
-            keys.push_back({groups_[row.group].title, row.date, pool_.text(row.second)});
-        reorder(arrangedOrder(keys, locale_));
-    }
-
-    // Puts the rows into an order and the groups into that of their first rows.
-    void reorder(const std::vector<std::size_t>& order) {
-        std::vector<Row> rows;
-        rows.reserve(rows_.size());
         std::vector<RowGroup> groups;
-        std::uint32_t last = std::numeric_limits<std::uint32_t>::max();
-        for (const std::size_t index : order) {
-            rows.push_back(rows_[index]);
-            if (const std::uint32_t group = std::exchange(last, rows_[index].group); group != last)
-                groups.push_back(std::move(groups_[last]));
+        std::vector<std::size_t> ends(groups_.size());
+        std::size_t end = 0;
+        for (const auto& [key, group] : groupOfKey_) {
+            ends[group] = end;
+            end += groups_[group].count;
+            groups.push_back(std::move(groups_[group]));
         }
+        std::vector<Row> rows(rows_.size());
+        for (const Row& row : rows_)
+            rows[ends[row.group]++] = row;
         rows_ = std::move(rows);
         groups_ = std::move(groups);
+        auto first = rows_.begin();
+        for (const RowGroup& group : groups_) {
+            const std::ranges::subrange inGroup(first, first + static_cast<std::ptrdiff_t>(group.count));
+            const auto isBefore = [this](const Row& a, const Row& b) { return this->isBefore(a, b); };
+            if (!std::ranges::is_sorted(inGroup, isBefore))
+                std::ranges::stable_sort(inGroup, isBefore);
+            first = inGroup.end();
+        }
+    }
+
+    [[nodiscard]] bool isBefore(const Row& a, const Row& b) const {
+        if (a.date != b.date || a.second == b.second)
+            return a.date < b.date;
+        return std::is_lt(locale_.compare(pool_.text(a.second), pool_.text(b.second)));
     }
 
     void reverseGroups() {
@@ -244,21 +245,19 @@ private:
 
     store::RecordStore store_;
     RecordCache<Record> cache_;
-    const platform::Locale& locale_;
+    platform::RememberingLocale locale_;
     billing::TimeRules rules_;
     ListQuery query_;
     typename Traits::Matcher matcher_;
     std::u16string Record::*by_ = nullptr;
-    std::vector<platform::PropertyId> properties_;
+    std::optional<SteppedWalk<Record>> walk_;
     std::vector<Row> rows_;
     std::vector<RowGroup> groups_;
     ViewTotals totals_;
     TextPool pool_;
     TextPool groupTexts_;
     std::vector<std::uint32_t> groupOfText_;
-    std::unordered_map<std::string, std::uint32_t> groupOfKey_;
-    FileTime lastDate_{};
-    store::RecordId lastId_ = store::RecordId::none;
+    std::map<std::string, std::uint32_t> groupOfKey_;
     bool complete_ = false;
 };
 

@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -58,6 +59,17 @@ struct ColumnLook {
     bool alignRight;
 };
 
+/// A search through the records of a list, in steps. It sees the store as it is at each of them.
+class RowSearch {
+public:
+    virtual ~RowSearch() = default;
+
+    /// Looks at so many further records; true while there are more.
+    virtual bool look(std::size_t limit) = 0;
+    /// Once all were looked at: the positions of the rows that were found, ascending.
+    [[nodiscard]] virtual const std::vector<std::size_t>& found() const = 0;
+};
+
 /// The rows of a list. Loading remembers of each record only what its place and the totals depend on; what a row shows
 /// is read when it is asked for. Rows are addressed by position.
 class ListRows {
@@ -82,6 +94,11 @@ public:
     [[nodiscard]] virtual RowImage image(std::size_t row) = 0;
     [[nodiscard]] virtual store::EntryStatus status(std::size_t row) = 0;
     [[nodiscard]] virtual SimpleRow simpleRow(std::size_t row, const DisplaySettings& display) = 0;
+
+    /// A search for rows that have a cell with a property, in one of these columns. All rows must be loaded; it borrows
+    /// them.
+    [[nodiscard]] virtual std::unique_ptr<RowSearch> search(std::vector<std::size_t> columns,
+                                                            std::function<bool(std::u16string_view)> test) = 0;
 };
 
 /// The rows of a query, none loaded yet. It borrows stores, whose state each step sees anew, and locale.

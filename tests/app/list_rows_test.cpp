@@ -1,10 +1,12 @@
 #include "app/list_rows.h"
 
+#include "app/arrange.h"
 #include "platform/icu/icu_locale.h"
 #include "store/save.h"
 #include "support/store_fixture.h"
 
 #include <map>
+#include <random>
 
 namespace hourwright::app {
 namespace {
@@ -194,6 +196,68 @@ TEST_F(ListRowsTest, CopiesRowsWithTabs) {
     const std::vector<std::size_t> both{0, 1};
     EXPECT_EQ(copiedText(*list, one, columns, titles), u"Call\tTab here\n");
     EXPECT_EQ(copiedText(*list, both, columns, titles), u"Task\tClient\nCall\tTab here\n\tBob\n");
+}
+
+// What dealing rows out to their groups gives is what sorting them gives.
+TEST_F(ListRowsTest, ManyRowsStandAsSortingArrangesThem) {
+    std::mt19937 random(7);
+    const std::array<std::u16string, 6> texts{u"abel", u"Abel", u"Zo\u00eb", u"zoe", u"", u"x"};
+    change([&](platform::Transaction& t) {
+        for (int i = 0; i < 400; ++i) {
+            TimeEntry entry{.client = texts[random() % texts.size()], .task = texts[random() % texts.size()]};
+            ASSERT_TRUE(store::setDateWithoutStart(
+                entry, {.year = 2026, .month = 11, .day = static_cast<std::uint16_t>(1 + random() % 9)}));
+            ASSERT_TRUE(store::insertTimeEntry(t, stores().entries(), entry));
+        }
+    });
+    std::vector<TimeEntry> entries;
+    store::DateWalk walk(stores().entries(), {});
+    for (TimeEntry entry; walk.next(entry) == store::ReadResult::ok;)
+        entries.push_back(entry);
+    for (const std::uint16_t by : {std::uint16_t{1}, std::uint16_t{4}}) {
+        std::vector<TimeEntry> sorted = entries;
+        arrange(sorted, by, *locale_);
+        const auto list = rows({.arrangedBy = by});
+        list->loadAll();
+        std::vector<RecordId> expected;
+        for (const TimeEntry& entry : sorted)
+            expected.push_back(entry.id);
+        EXPECT_EQ(ids(*list), expected) << by;
+    }
+}
+
+// A search reads less than a row does; it finds what the rows show all the same.
+TEST_F(ListRowsTest, ASearchFindsExactlyTheRowsThatShowTheText) {
+    for (int day = 1; day <= 9; ++day)
+        add(day, day % 2 == 0 ? u"Ann" : u"Bob", day % 3 == 0 ? u"Call" : u"Visit", 25 * day,
+            static_cast<EntryStatus>(day % 4), day % 2 == 0 ? u"EUR" : u"USD");
+    change([&](platform::Transaction& t) {
+        store::ExpenseEntry mileage{.type = store::ExpenseType::mileage, .startOdometer = 123456, .distance = 78};
+        ASSERT_TRUE(store::saveExpenseEntry(t, stores(), mileage));
+        store::ExpenseEntry general{.description = u"Ferry", .category = u"Travel", .amount = 4711, .receipt = true};
+        ASSERT_TRUE(store::saveExpenseEntry(t, stores(), general));
+    });
+    for (const RecordKind kind : {RecordKind::entries, RecordKind::expenses}) {
+        for (const std::uint16_t by : {std::uint16_t{0}, std::uint16_t{1}}) {
+            ListQuery query{.records = kind, .arrangedBy = by};
+            query.entryFilter.client = u"Ann";
+            const auto list = rows(query);
+            list->loadAll();
+            ASSERT_GE(list->size(), 2U);
+            for (std::size_t column = 0; column < list->columnCount(); ++column)
+                for (std::size_t row = 0; row < list->size(); ++row) {
+                    const std::u16string text = list->cell(row, column);
+                    std::vector<std::size_t> expected;
+                    for (std::size_t other = 0; other < list->size(); ++other)
+                        if (list->cell(other, column) == text)
+                            expected.push_back(other);
+                    const auto search = list->search({column}, [&](std::u16string_view cell) { return cell == text; });
+                    while (search->look(2)) {
+                    }
+                    EXPECT_EQ(search->found(), expected) << column << ' ' << row;
+                }
+        }
+    }
 }
 
 TEST(ArrangementOf, ColumnsThatHaveOne) {
