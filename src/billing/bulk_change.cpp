@@ -26,8 +26,8 @@ std::optional<std::size_t> changeEach(RecordStore& entries, const EntrySelection
                 return std::nullopt;
             ++changed;
         }
-        if (progress)
-            progress(++walked);
+        if (progress && !progress(++walked))
+            return std::nullopt;
     }
     return result == ReadResult::noMore ? std::optional(changed) : std::nullopt;
 }

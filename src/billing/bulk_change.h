@@ -11,11 +11,11 @@
 
 /// Changes of many time entries at once. Each walks the selected entries in date order under the caller's
 /// transaction and returns how many it changed, or nothing when reading or writing failed: the entry store's
-/// `lastError` says why, and the transaction must not be committed.
+/// `lastError` says why, and the transaction must not be committed. The same when `progress` ended it.
 namespace hourwright::billing {
 
-/// Is told the number of entries that have been looked at, after each of them.
-using BulkProgress = std::function<void(std::size_t walked)>;
+/// Is told the number of entries that have been looked at, after each of them; false ends the change.
+using BulkProgress = std::function<bool(std::size_t walked)>;
 
 /// Makes billable and billed entries paid ones of that date. Every entry that is selected is rewritten with
 /// `now` as the time of its change, also those whose status and paid date stay: non-billable and paid ones.

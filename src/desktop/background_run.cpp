@@ -1,26 +1,17 @@
 #include "desktop/background_run.h"
 
-#include "platform/qt/qt_text.h"
-#include "resources/strings.h"
-#include "resources/texts/exports.h"
+#include "desktop/bulk/progress_window.h"
 
 #include <QApplication>
 #include <QEventLoop>
-#include <QProgressDialog>
 #include <QTimer>
-#include <limits>
 #include <thread>
 
 namespace hourwright::desktop {
 
 namespace {
 
-constexpr int lookEvery = 30;     // milliseconds
-constexpr int showBarAfter = 400; // milliseconds
-
-int bounded(std::size_t steps) {
-    return static_cast<int>(std::min<std::size_t>(steps, std::numeric_limits<int>::max()));
-}
+constexpr int lookEvery = 30; // milliseconds
 
 class WaitCursor {
 public:
@@ -32,38 +23,42 @@ public:
 
 } // namespace
 
+void runOnThread(const std::function<void()>& work, const std::function<void()>& look,
+                 const std::function<bool()>& takesInput) {
+    QEventLoop loop;
+    QTimer timer;
+    bool taking = takesInput();
+    QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
+        look();
+        if (takesInput() != taking)
+            loop.quit(); // and on with the other kind of loop
+    });
+    timer.start(lookEvery);
+    std::atomic<bool> ended{false};
+    std::thread worker([&] {
+        work();
+        ended = true;
+        QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
+    });
+    while (!ended) {
+        taking = takesInput();
+        loop.exec(taking ? QEventLoop::AllEvents : QEventLoop::ExcludeUserInputEvents);
+    }
+    worker.join();
+}
+
 void runInBackground(QWidget* window, const BackgroundTexts& texts,
                      const std::function<void(BackgroundProgress&)>& work) {
     const WaitCursor cursor;
     BackgroundProgress progress;
-    std::atomic<bool> ended{false};
-    QProgressDialog bar(texts.label, QString(), 0, bounded(texts.total), window);
-    bar.setWindowTitle(platform::toQString(resources::StringId::appTitle));
-    bar.setWindowModality(Qt::ApplicationModal);
-    bar.setMinimumDuration(showBarAfter);
-    bar.setAutoClose(false);
-    bar.setAutoReset(false);
-    if (texts.mayCancel)
-        bar.setCancelButtonText(platform::toQString(resources::exports::cancel));
-    bar.setValue(0);
-    std::thread worker([&] {
-        work(progress);
-        ended = true;
-    });
-    QEventLoop loop;
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, &loop, [&] {
-        if (texts.total > 0)
-            bar.setValue(bounded(std::min(progress.done.load(), texts.total)));
-        progress.cancelled = bar.wasCanceled();
-        if (ended)
-            loop.quit();
-    });
-    timer.start(lookEvery);
-    window->setEnabled(false);
-    loop.exec();
-    window->setEnabled(true);
-    worker.join();
+    ProgressWindow bar(texts.label, texts.mayCancel, window);
+    runOnThread([&] { work(progress); },
+                [&] {
+                    bar.look(progress.done, progress.total);
+                    if (bar.wasCancelled())
+                        progress.cancelled = true;
+                },
+                [&] { return bar.isVisible(); });
 }
 
 } // namespace hourwright::desktop

@@ -22,6 +22,7 @@ ChangeWatch::ChangeWatch(Workspace& workspace)
         if (state == Qt::ApplicationActive)
             look();
     });
+    connect(&workspace_, &Workspace::changedElsewhere, this, [this] { static_cast<void>(openAnew()); });
     regular_.start();
 }
 
@@ -34,14 +35,32 @@ void ChangeWatch::look() {
     // A long change lets the window paint; it is looked again when it has ended.
     if (workspace_.isChanging())
         return;
+    auto& objects = workspace_.stores().objects();
+    if (objects.isReplaced())
+        return followReplacement();
+    const auto now = objects.changesByOthers();
+    if (now && now != seen_ && openAnew())
+        emit workspace_.recordsChanged();
+}
+
+// Another program may have wiped the store: the databases are others then. What fails now is tried again later.
+bool ChangeWatch::openAnew() {
     const auto now = workspace_.stores().objects().changesByOthers();
-    if (!now || now == seen_)
-        return;
-    // Another program may have wiped the store: the databases are others then. What fails now is tried again later.
-    if (!workspace_.stores().open())
-        return;
+    if (!now || !workspace_.stores().open())
+        return false;
     seen_ = now;
-    emit workspace_.recordsChanged();
+    return true;
+}
+
+void ChangeWatch::followReplacement() {
+    auto& objects = workspace_.stores().objects();
+    if (objects.reopen() && openAnew()) {
+        toldUnusable_ = false;
+        emit workspace_.recordsChanged();
+    } else if (!toldUnusable_) {
+        toldUnusable_ = true;
+        workspace_.messages().showError(platform::number(objects.lastError()));
+    }
 }
 
 } // namespace hourwright::desktop

@@ -8,7 +8,8 @@
 namespace hourwright::desktop {
 
 /// Tells the workspace when other programs have changed records: at once when they say so, soon when they do not. The
-/// window's own changes do not count.
+/// window's own changes do not count. When another file has taken the place of the records, a copy that was put back
+/// for example, it is opened; one that cannot be used is told once.
 class ChangeWatch : public QObject {
     Q_OBJECT
 
@@ -21,9 +22,12 @@ public:
 
 private:
     void look();
+    void followReplacement();
+    [[nodiscard]] bool openAnew();
 
     Workspace& workspace_;
     std::optional<std::uint64_t> seen_;
+    bool toldUnusable_ = false;
     QTimer burst_;
     QTimer regular_;
 };

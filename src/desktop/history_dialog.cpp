@@ -1,5 +1,6 @@
 #include "desktop/history_dialog.h"
 
+#include "desktop/bulk/long_change.h"
 #include "desktop/screen_size.h"
 #include "platform/qt/qt_text.h"
 #include "resources/texts/history.h"
@@ -107,7 +108,7 @@ void HistoryDialog::goToSelected() {
         return other.undone == redo && (redo ? other.id <= id : other.id >= id);
     });
     for (auto left = count; left > 0; --left)
-        if (!(redo ? workspace().redo() : workspace().undo()))
+        if (!(redo ? redoChange(workspace(), this) : undoChange(workspace(), this)))
             return;
 }
 

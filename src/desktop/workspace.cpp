@@ -35,26 +35,60 @@ bool Workspace::change(std::u16string_view name, const std::function<bool(platfo
     return true;
 }
 
+bool Workspace::changeElsewhere(const std::function<bool()>& run) {
+    bool changed = false;
+    {
+        const QScopedValueRollback changing(changing_, true);
+        stores().objects().waitForOthers(false);
+        changed = run();
+        stores().objects().waitForOthers(true);
+    }
+    if (changed) {
+        emit changedElsewhere();
+        emit recordsChanged();
+    }
+    namesKnown_ = false;
+    return changed;
+}
+
 bool Workspace::undo() {
-    using enum resources::StringId;
-    return endHistoryStep(stores().objects().history().undo(), nothingToUndo, undoChangedMeanwhile);
+    return takeStep(HistoryWay::back);
 }
 
 bool Workspace::redo() {
-    using enum resources::StringId;
-    return endHistoryStep(stores().objects().history().redo(), nothingToRedo, redoChangedMeanwhile);
+    return takeStep(HistoryWay::forth);
 }
 
-bool Workspace::endHistoryStep(platform::HistoryResult result, resources::StringId nothing,
-                               resources::StringId changed) {
-    switch (result) {
-    case platform::HistoryResult::done: emit recordsChanged(); return true;
-    case platform::HistoryResult::nothing: messages().showCheck(nothing); break;
-    case platform::HistoryResult::changedMeanwhile: messages().showCheck(changed); break;
-    case platform::HistoryResult::failed: messages().showError(platform::number(stores().objects().lastError())); break;
-    }
+bool Workspace::takeStep(HistoryWay way) {
+    platform::History& history = stores().objects().history();
+    const auto result = way == HistoryWay::back ? history.undo() : history.redo();
     namesKnown_ = false;
-    return false;
+    if (result == platform::HistoryResult::done)
+        emit recordsChanged();
+    else if (result == platform::HistoryResult::failed)
+        messages().showError(platform::number(stores().objects().lastError()));
+    tellRefusal(way, result);
+    return result == platform::HistoryResult::done;
+}
+
+void Workspace::tellRefusal(HistoryWay way, platform::HistoryResult result) {
+    using resources::StringId;
+    const bool back = way == HistoryWay::back;
+    if (result == platform::HistoryResult::nothing)
+        messages().showCheck(back ? StringId::nothingToUndo : StringId::nothingToRedo);
+    else if (result == platform::HistoryResult::changedMeanwhile)
+        messages().showCheck(back ? StringId::undoChangedMeanwhile : StringId::redoChangedMeanwhile);
+}
+
+std::uint64_t Workspace::recordsOfStep(HistoryWay way) {
+    std::uint64_t records = 0;
+    for (const platform::HistoryStep& step : stores().objects().history().steps()) {
+        if (step.undone && way == HistoryWay::forth)
+            return step.records;
+        if (!step.undone && way == HistoryWay::back)
+            records = step.records;
+    }
+    return records;
 }
 
 const std::u16string& Workspace::undoName() {

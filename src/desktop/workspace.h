@@ -47,6 +47,9 @@ struct WorkerStores {
     platform::Locales locales;
 };
 
+/// Back takes the newest change away, forth makes the one again that was undone last.
+enum class HistoryWay : std::uint8_t { back, forth };
+
 /// What the windows work with: the program's objects, what the main window shows, and the notices that something has
 /// changed. One lives as long as the program runs.
 class Workspace : public QObject {
@@ -85,8 +88,15 @@ public:
     /// The names of those changes; empty when there is none.
     [[nodiscard]] const std::u16string& undoName();
     [[nodiscard]] const std::u16string& redoName();
+    /// How many records that step changed; 0 when there is none.
+    [[nodiscard]] std::uint64_t recordsOfStep(HistoryWay way);
+    /// Shows why a step was refused; nothing for one that was done, cancelled or has failed.
+    void tellRefusal(HistoryWay way, platform::HistoryResult result);
     /// True while a change is being made; nothing else may use the stores' positions then.
     [[nodiscard]] bool isChanging() const { return changing_; }
+    /// Runs what changes records through another connection and lets the event loop go on meanwhile. Reads through this
+    /// workspace fail then, without waiting, while the other one writes. The views are told when it returns true.
+    bool changeElsewhere(const std::function<bool()>& run);
 
     /// Opens the same records a second time, to be used by one other thread. Null when that fails.
     [[nodiscard]] std::unique_ptr<WorkerStores> openForWorker() const;
@@ -103,6 +113,8 @@ public:
     void showHelp(const std::string& anchor);
 
 signals:
+    /// Records were changed through another connection of this program; `recordsChanged` follows.
+    void changedElsewhere();
     /// Records were changed, here or by another program.
     void recordsChanged();
     /// Options that decide how things look or what is new were changed.
@@ -111,7 +123,7 @@ signals:
     void filterChanged();
 
 private:
-    bool endHistoryStep(platform::HistoryResult result, resources::StringId nothing, resources::StringId changed);
+    bool takeStep(HistoryWay way);
     void readNames();
 
     WorkspaceParts parts_;

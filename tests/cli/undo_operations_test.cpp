@@ -92,8 +92,9 @@ TEST_F(UndoOperations, EveryCommandThatChangesRecordsIsTakenBackExactly) {
         bulk({"bulk", "mark-paid"}),
         bulk({"bulk", "mark-billed"}),
         bulk({"--yes", "bulk", "delete"}),
-        {"--yes", "bulk", "replace", "client", "Zeta", "Theta"},
-        {"--yes", "bulk", "replace", "task", "Plan", "Design"},
+        {"entry", "edit", entry, "--start", "10:00", "--end", "12:30", "--break", "0.5"},
+        {"expense", "edit", expense, "--note", "n", "--currency", "", "--receipt", "yes"},
+        {"--yes", "task", "delete", "Zeta", "Plan", "--project", "Bridge"},
         {"store", "delete", databases_.front(), entry},
     };
     const std::string before = dump();
@@ -105,6 +106,29 @@ TEST_F(UndoOperations, EveryCommandThatChangesRecordsIsTakenBackExactly) {
         run(command);
         expectReversible(before, dump());
     }
+}
+
+// Each type in a text that stands in every field, first by a new one, then by one that lists and structure have
+// already.
+TEST_F(UndoOperations, ReplacedTextsOfEveryTypeAreTakenBackExactly) {
+    for (const std::string text : {"Same", "There"}) {
+        run({"client", "add", text});
+        run({"project", "add", text, text, text});
+        run({"contact", "add", text, text});
+        run({"entry",     "add", "--client",  text, "--project",  text, "--phase",   text,
+             "--task",    text,  "--bill-to", text, "--currency", text, "--custom1", text,
+             "--custom2", text,  "--custom3", text, "--duration", "1"});
+        run({"expense", "add", "general", "--client", text, "--project", text, "--category", text, "--bill-to", text,
+             "--currency", text, "--custom1", text, "--custom2", text, "--amount", "5"});
+    }
+    const std::string before = dump();
+    for (const std::string type :
+         {"client", "project", "phase", "task", "bill-to", "currency", "custom1", "custom2", "custom3", "category"})
+        for (const std::string by : {"New", "There"}) {
+            SCOPED_TRACE(type + " by " + by);
+            run({"--now", "2026-12-01 10:00:00", "--yes", "bulk", "replace", type, "Same", by});
+            expectReversible(before, dump());
+        }
 }
 
 TEST_F(UndoOperations, ChangesOfTheStructureAreTakenBackExactly) {

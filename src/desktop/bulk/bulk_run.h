@@ -9,12 +9,19 @@
 
 namespace hourwright::desktop {
 
-/// A change of many entries under a transaction: how many it was for, or nothing when it failed.
-using BulkStep = std::function<std::optional<std::size_t>(platform::Transaction& transaction,
-                                                          const billing::BulkProgress& progress)>;
+/// What a bulk change works with, on its thread.
+struct BulkParts {
+    platform::Transaction& transaction;
+    store::Stores& stores;
+    const platform::Locale& locale;
+    const billing::BulkProgress& progress;
+};
 
-/// Runs a bulk change as one step of undo while a bar shows that it goes on, then tells how many entries it was for
-/// with the message given, or that it was for none. Failures are shown.
+/// A change of many entries: how many it was for, or nothing when it failed or was ended.
+using BulkStep = std::function<std::optional<std::size_t>(const BulkParts& parts)>;
+
+/// Runs a bulk change on a thread as one step of undo while a bar shows how far it is, then tells how many entries it
+/// was for with the message given, or that it was for none. Failures are shown. Cancelled, it has changed nothing.
 void runBulk(Workspace& workspace, QWidget* parent, std::u16string_view undoName, resources::StringId countMessage,
              const BulkStep& step);
 

@@ -3,12 +3,12 @@
 #include "app/replace_in_filters.h"
 #include "billing/typed_text.h"
 #include "desktop/bulk/bulk_run.h"
+#include "desktop/bulk/long_change.h"
 #include "desktop/screen_size.h"
 #include "platform/qt/qt_text.h"
 #include "resources/texts/bulk.h"
 #include "resources/texts/filters.h"
 
-#include <QCoreApplication>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -26,7 +26,6 @@ using store::PickList;
 
 namespace {
 
-constexpr int turnMilliseconds = 25;
 constexpr int shownCharacters = 32; // of the texts, where the screen is wide enough
 
 app::Texts offered(const app::FilterChoices& choices, ReplaceType type) {
@@ -120,7 +119,6 @@ void ReplaceDialog::reject() {
 void ReplaceDialog::run(const billing::ReplaceRequest& request) {
     setRunning(true);
     const auto counts = replace(request);
-    QCoreApplication::processEvents(); // what was typed meanwhile meets disabled controls
     setRunning(false);
     if (!counts)
         return;
@@ -133,13 +131,24 @@ void ReplaceDialog::run(const billing::ReplaceRequest& request) {
 
 std::optional<billing::ReplaceCounts> ReplaceDialog::replace(const billing::ReplaceRequest& request) {
     std::optional<billing::ReplaceCounts> counts;
-    turn_.start();
-    const bool changed = workspace().change(texts::replaceText.text, [&](platform::Transaction& transaction) {
-        counts = billing::replaceText(transaction, workspace().stores(), request, workspace().clock().now(),
-                                      [this](std::size_t done, std::size_t total) { showProgress(done, total); });
-        return counts.has_value();
+    const platform::ChangeLabel label{.name = texts::replaceText.text, .time = workspace().clock().now()};
+    const auto change = [&](WorkerStores& worker, BackgroundProgress& progress) {
+        const auto transaction = worker.objects->begin(label);
+        if (transaction != nullptr)
+            counts = billing::replaceText(*transaction, *worker.stores, request, label.time,
+                                          [&progress](std::size_t done, std::size_t total) {
+                                              progress.done = done;
+                                              progress.total = total;
+                                          });
+        return counts && transaction->commit() ? platform::HistoryResult::done : platform::HistoryResult::failed;
+    };
+    const auto outcome = runLongChange(workspace(), change, [this](const auto& work) {
+        BackgroundProgress progress;
+        runOnThread([&] { work(progress); }, [&] { showProgress(progress.done, progress.total); }, [] { return true; });
     });
-    return changed ? counts : std::nullopt;
+    if (!outcome.done())
+        workspace().messages().showError(platform::number(outcome.error));
+    return outcome.done() ? counts : std::nullopt;
 }
 
 void ReplaceDialog::setRunning(bool running) {
@@ -152,12 +161,8 @@ void ReplaceDialog::setRunning(bool running) {
 }
 
 void ReplaceDialog::showProgress(std::size_t done, std::size_t total) {
-    if (turn_.elapsed() < turnMilliseconds)
-        return;
     bar_->setRange(0, static_cast<int>(total));
     bar_->setValue(static_cast<int>(done));
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    turn_.restart();
 }
 
 } // namespace hourwright::desktop

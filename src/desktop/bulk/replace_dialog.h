@@ -5,8 +5,6 @@
 #include "desktop/completing_combo.h"
 #include "desktop/dialog.h"
 
-#include <QElapsedTimer>
-
 class QLabel;
 class QLineEdit;
 class QProgressBar;
@@ -38,7 +36,6 @@ private:
     QLineEdit* replacement_;
     QLabel* state_;
     QProgressBar* bar_;
-    QElapsedTimer turn_;
     bool running_ = false;
 };
 

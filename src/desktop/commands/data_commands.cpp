@@ -20,11 +20,15 @@ namespace {
 
 namespace texts = resources::bulk;
 
-std::optional<EntrySelection> askForCriteria(MainWindow& window, BulkKind kind) {
+// The selection, which needs a locale of the thread that uses it.
+using Selecting = std::function<EntrySelection(const platform::Locale&)>;
+
+std::optional<Selecting> askForCriteria(MainWindow& window, BulkKind kind) {
     CriteriaDialog dialog(window.workspace(), kind, &window);
     if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
-    return app::selectionOf(dialog.criteria(), window.workspace().locale());
+    return
+        [criteria = dialog.criteria()](const platform::Locale& locale) { return app::selectionOf(criteria, locale); };
 }
 
 std::optional<platform::FileTime> askForPaidDate(MainWindow& window) {
@@ -32,45 +36,46 @@ std::optional<platform::FileTime> askForPaidDate(MainWindow& window) {
     return dialog.exec() == QDialog::Accepted ? std::optional(dialog.paidDate()) : std::nullopt;
 }
 
-void markPaid(MainWindow& window, const EntrySelection& selection, platform::FileTime paidDate) {
+void markPaid(MainWindow& window, const Selecting& select, platform::FileTime paidDate) {
     auto& workspace = window.workspace();
     runBulk(workspace, &window, texts::markPaid.text, StringId::entriesMatched,
-            [&](platform::Transaction& transaction, const billing::BulkProgress& progress) {
-                return billing::markAllPaid(transaction, workspace.stores().entries(), selection, paidDate,
-                                            workspace.clock().now(), progress);
+            [&select, paidDate, now = workspace.clock().now()](const BulkParts& parts) {
+                return billing::markAllPaid(parts.transaction, parts.stores.entries(), select(parts.locale), paidDate,
+                                            now, parts.progress);
             });
 }
 
 void markPaidByCriteria(MainWindow& window) {
-    const auto selection = askForCriteria(window, BulkKind::markPaid);
-    if (!selection)
+    const auto select = askForCriteria(window, BulkKind::markPaid);
+    if (!select)
         return;
     if (const auto paidDate = askForPaidDate(window))
-        markPaid(window, *selection, *paidDate);
+        markPaid(window, *select, *paidDate);
 }
 
 void markBilledByCriteria(MainWindow& window) {
-    const auto selection = askForCriteria(window, BulkKind::markBilled);
-    if (!selection)
+    const auto select = askForCriteria(window, BulkKind::markBilled);
+    if (!select)
         return;
     auto& workspace = window.workspace();
     runBulk(workspace, &window, texts::markBilled.text, StringId::entriesMatched,
-            [&](platform::Transaction& transaction, const billing::BulkProgress& progress) {
-                return billing::markAllBilled(transaction, workspace.stores().entries(), *selection,
-                                              workspace.clock().now(), progress);
+            [&select, now = workspace.clock().now()](const BulkParts& parts) {
+                return billing::markAllBilled(parts.transaction, parts.stores.entries(), (*select)(parts.locale), now,
+                                              parts.progress);
             });
 }
 
 void markViewPaid(MainWindow& window) {
     auto& workspace = window.workspace();
+    const auto select = [period = workspace.view().period(), filter = workspace.entryFilter()](
+                            const platform::Locale& locale) { return app::selectionOf(period, filter, locale); };
     if (workspace.messages().ask(StringId::markAllPaid, platform::Icon::question))
-        markPaid(window, app::selectionOf(workspace.view().period(), workspace.entryFilter(), workspace.locale()),
-                 workspace.clock().now());
+        markPaid(window, select, workspace.clock().now());
 }
 
 void deleteByCriteria(MainWindow& window) {
-    const auto selection = askForCriteria(window, BulkKind::remove);
-    if (!selection)
+    const auto select = askForCriteria(window, BulkKind::remove);
+    if (!select)
         return;
     auto& workspace = window.workspace();
     const platform::Message question{.id = StringId::deleteByCriteria,
@@ -80,10 +85,9 @@ void deleteByCriteria(MainWindow& window) {
                                      .defaultAnswer = platform::Answer::cancel};
     if (workspace.messages().show(question) != platform::Answer::ok)
         return;
-    runBulk(workspace, &window, texts::deleteEntries.text, StringId::entriesDeleted,
-            [&](platform::Transaction& transaction, const billing::BulkProgress& progress) {
-                return billing::deleteAll(transaction, workspace.stores().entries(), *selection, progress);
-            });
+    runBulk(workspace, &window, texts::deleteEntries.text, StringId::entriesDeleted, [&select](const BulkParts& parts) {
+        return billing::deleteAll(parts.transaction, parts.stores.entries(), (*select)(parts.locale), parts.progress);
+    });
 }
 
 void removeAllData(Workspace& workspace) {

@@ -1,6 +1,7 @@
 #include "app/settings_rules.h"
 #include "billing/new_entry.h"
 #include "billing/selected_records.h"
+#include "desktop/bulk/long_change.h"
 #include "desktop/commands/commands.h"
 #include "desktop/editor/copy_dialog.h"
 #include "desktop/editor/entry_dialog.h"
@@ -139,9 +140,11 @@ void addSelectionChange(MainWindow& window, Command command, const resources::Te
         const auto ids = window.view().selection();
         const auto kind = showsEntries(window) ? Selected::entries : Selected::expenses;
         if (!ids.empty())
-            workspace.change(name.text, [&](platform::Transaction& transaction) {
-                return change(transaction, workspace.stores(), kind, ids, workspace.clock().now());
-            });
+            changeRecords(
+                workspace, &window, name.text, ids.size(),
+                [&, now = workspace.clock().now()](platform::Transaction& transaction, store::Stores& stores) {
+                    return change(transaction, stores, kind, ids, now);
+                });
     });
 }
 
@@ -163,9 +166,10 @@ void deleteSelection(MainWindow& window) {
     const auto kind = showsEntries(window) ? Selected::entries : Selected::expenses;
     if (ids.empty() || !askToDelete(workspace, ids.size()))
         return;
-    workspace.change(texts::undoDelete.text, [&](platform::Transaction& transaction) {
-        return billing::deleteRecords(transaction, workspace.stores(), kind, ids);
-    });
+    changeRecords(workspace, &window, texts::undoDelete.text, ids.size(),
+                  [&](platform::Transaction& transaction, store::Stores& stores) {
+                      return billing::deleteRecords(transaction, stores, kind, ids);
+                  });
 }
 
 } // namespace

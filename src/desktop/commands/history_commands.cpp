@@ -1,3 +1,4 @@
+#include "desktop/bulk/long_change.h"
 #include "desktop/commands/commands.h"
 #include "desktop/history_dialog.h"
 #include "desktop/main_window.h"
@@ -10,8 +11,8 @@ void addHistoryCommands(MainWindow& window) {
     Workspace& workspace = window.workspace();
     window.undoName = [&workspace] { return workspace.undoName(); };
     window.redoName = [&workspace] { return workspace.redoName(); };
-    window.commands().set(Command::undo, [&workspace] { workspace.undo(); });
-    window.commands().set(Command::redo, [&workspace] { workspace.redo(); });
+    window.commands().set(Command::undo, [&window, &workspace] { undoChange(workspace, &window); });
+    window.commands().set(Command::redo, [&window, &workspace] { redoChange(workspace, &window); });
     window.commands().set(Command::history, [&window, &workspace] {
         HistoryDialog dialog(workspace, &window);
         dialog.exec();
