@@ -20,6 +20,9 @@ struct EntrySeed {
     std::optional<int> minutes;
 };
 
+/// What became of a search.
+enum class Found : std::uint8_t { no, yes, searching };
+
 /// One way of showing the records of the current view. It reads what to show (kind of records, period, filter, layout)
 /// from its workspace when it is told to.
 class RecordView : public QWidget {
@@ -40,11 +43,14 @@ public:
     virtual void selectAll() = 0;
     /// The selected records as lines with tabs between the columns shown; all records when none is selected.
     [[nodiscard]] virtual QString selectedText() const = 0;
-    /// Goes to the next record after the current one, around the end, that shows the text anywhere. False when none
-    /// does.
-    virtual bool findNext(const QString& text) = 0;
+    /// Goes to the next record after the current one, around the end, that shows the text anywhere. A search through
+    /// very many goes on by itself; `findEnded` tells what came of it.
+    [[nodiscard]] virtual Found findNext(const QString& text) = 0;
+    /// Ends such a search; it tells nothing then.
+    virtual void cancelFind() {}
 
 signals:
+    void findEnded(bool found);
     void selectionChanged();
     /// The totals or the number of records changed.
     void totalsChanged();

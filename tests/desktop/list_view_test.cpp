@@ -107,11 +107,11 @@ TEST_F(ListViewTest, FindsAroundTheEndAndByTyping) {
     const RecordId first = entry(17, u"Alpha", u"Phone");
     const RecordId second = entry(18, u"Beta", u"Visit");
     const auto view = show();
-    EXPECT_TRUE(view->findNext("VISIT"));
+    EXPECT_EQ(view->findNext("VISIT"), Found::yes);
     EXPECT_EQ(view->selection(), std::vector{second});
-    EXPECT_TRUE(view->findNext("pho"));
+    EXPECT_EQ(view->findNext("pho"), Found::yes);
     EXPECT_EQ(view->selection(), std::vector{first});
-    EXPECT_FALSE(view->findNext("nowhere"));
+    EXPECT_EQ(view->findNext("nowhere"), Found::no);
     QTest::keyClicks(&view->tree(), "bet");
     EXPECT_EQ(view->selection(), std::vector{second});
 }

@@ -1,6 +1,7 @@
 #include "desktop/calendar/block_painter.h"
 
 #include "desktop/icons.h"
+#include "desktop/status_look.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -37,10 +38,7 @@ bool isDark(const QPalette& palette) {
 }
 
 QColor BlockPainter::colour(store::EntryStatus status) const {
-    static constexpr QRgb ofStyle[] = {0x7a868f, 0x2f7fd3, 0xd8911a, 0x2f9e5f};
-    const auto index = std::min<std::size_t>(static_cast<std::size_t>(status), 3);
-    const app::StatusColour chosen = board_.workspace().display().colours[index];
-    return QColor::fromRgb(chosen.followsStyle() ? ofStyle[index] : chosen.rgb);
+    return statusFill(status, board_.workspace().display());
 }
 
 void BlockPainter::fill(QPainter& painter, const QRect& rect, std::size_t index, const BlockState& state) {

@@ -107,7 +107,7 @@ QString CalendarView::selectedText() const {
     return lines.join('\n');
 }
 
-bool CalendarView::findNext(const QString& text) {
+Found CalendarView::findNext(const QString& text) {
     const std::size_t count = board_.calendar().entries().size();
     const auto current = board_.current();
     for (std::size_t step = 1; step <= count; ++step) {
@@ -116,9 +116,9 @@ bool CalendarView::findNext(const QString& text) {
             continue;
         board_.selectOnly(index);
         goTo(index);
-        return true;
+        return Found::yes;
     }
-    return false;
+    return Found::no;
 }
 
 } // namespace hourwright::desktop

@@ -21,7 +21,7 @@ public:
     void select(std::span<const store::RecordId> ids) override;
     void selectAll() override;
     [[nodiscard]] QString selectedText() const override;
-    bool findNext(const QString& text) override;
+    [[nodiscard]] Found findNext(const QString& text) override;
 
 private:
     void connectParts();

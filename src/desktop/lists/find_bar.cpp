@@ -31,10 +31,13 @@ FindBar::FindBar(MainWindow& window)
         addWidget(button);
     };
     addButton(lists::findNext, [this] { findNext(); });
-    addButton(lists::closeFind, [this] { hide(); });
+    addButton(lists::closeFind, [this] {
+        cancel();
+        hide();
+    });
     addWidget(result_);
     connect(text_, &QLineEdit::returnPressed, this, &FindBar::findNext);
-    connect(text_, &QLineEdit::textEdited, result_, &QLabel::clear);
+    connect(text_, &QLineEdit::textEdited, this, &FindBar::cancel);
     connect(new QShortcut(QKeySequence("F3"), &window), &QShortcut::activated, this, &FindBar::findNext);
     hide();
 }
@@ -50,10 +53,29 @@ void FindBar::findNext() {
         open();
         return;
     }
-    const bool found = window_.view().findNext(text_->text());
-    result_->setText(found ? QString() : toQString(lists::notFound));
-    if (!found)
-        show();
+    connect(&window_.view(), &RecordView::findEnded, this, &FindBar::searchEnded, Qt::UniqueConnection);
+    tell(window_.view().findNext(text_->text()));
+}
+
+void FindBar::searchEnded(bool found) {
+    if (searching_)
+        tell(found ? Found::yes : Found::no);
+}
+
+void FindBar::tell(Found found) {
+    searching_ = found == Found::searching;
+    switch (found) {
+    case Found::yes: result_->clear(); return;
+    case Found::no: result_->setText(toQString(lists::notFound)); break;
+    case Found::searching: result_->setText(toQString(lists::searching)); break;
+    }
+    show();
+}
+
+void FindBar::cancel() {
+    window_.view().cancelFind();
+    searching_ = false;
+    result_->clear();
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event) {
@@ -61,6 +83,8 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
         QToolBar::keyPressEvent(event);
         return;
     }
+    if (searching_)
+        return cancel();
     hide();
     window_.view().setFocus();
 }

@@ -1,21 +1,19 @@
 #include "desktop/lists/list_view.h"
 
-#include "desktop/lists/record_delegate.h"
-#include "desktop/lists/record_model.h"
-#include "desktop/lists/record_tree.h"
+#include "desktop/lists/list_columns.h"
+#include "desktop/lists/row_finder.h"
 #include "platform/qt/qt_text.h"
 #include "resources/texts/lists.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QFontDatabase>
-#include <QHeaderView>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <limits>
 #include <numeric>
 #include <unordered_set>
+#include <utility>
 
 namespace hourwright::desktop {
 
@@ -26,8 +24,6 @@ using platform::toQString;
 /// Records in the first step of loading, which the first paint waits for, and in each further one.
 constexpr std::size_t firstStep = 2'000;
 constexpr std::size_t furtherStep = 5'000;
-
-constexpr int saveDelay = 400; // milliseconds
 
 QFont fontOf(const app::FontDescription& description) {
     QFont font(toQString(description.face));
@@ -47,7 +43,9 @@ ListView::ListView(Workspace& workspace, app::ListStyle style, QWidget* parent)
     : RecordView(parent), workspace_(workspace), style_(style), model_(new RecordModel(workspace, style, this)),
       tree_(new RecordTree(workspace, *model_, this)),
       delegate_(style == app::ListStyle::simple ? new SimpleDelegate(workspace, *model_, this)
-                                                : new CellDelegate(workspace, *model_, this)) {
+                                                : new CellDelegate(workspace, *model_, this)),
+      columns_(std::make_unique<ListColumns>(workspace, *model_, *tree_, *delegate_, style)),
+      finder_(new RowFinder(workspace, this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(tree_);
@@ -56,36 +54,12 @@ ListView::ListView(Workspace& workspace, app::ListStyle style, QWidget* parent)
     tree_->setItemDelegate(delegate_);
     tree_->setItemsExpandable(style == app::ListStyle::tree);
     tree_->setTreePosition(-1);
-    setUpHeader();
     connectTree();
     loading_.setInterval(0);
     connect(&loading_, &QTimer::timeout, this, &ListView::loadStep);
-    saving_.setSingleShot(true);
-    saving_.setInterval(saveDelay);
-    connect(&saving_, &QTimer::timeout, this, &ListView::storeLayout);
 }
 
-ListView::~ListView() {
-    if (saving_.isActive())
-        storeLayout();
-}
-
-void ListView::setUpHeader() {
-    QHeaderView* header = tree_->header();
-    header->setVisible(style_ != app::ListStyle::simple);
-    header->setStretchLastSection(style_ == app::ListStyle::simple);
-    if (style_ == app::ListStyle::simple)
-        return;
-    header->setSectionsMovable(true);
-    header->setFirstSectionMovable(true);
-    header->setSectionsClickable(true);
-    header->setHighlightSections(false);
-    header->setMinimumSectionSize(16);
-    header->setTextElideMode(Qt::ElideRight);
-    connect(header, &QHeaderView::sectionMoved, this, &ListView::layoutChanged);
-    connect(header, &QHeaderView::sectionResized, this, &ListView::layoutChanged);
-    connect(header, &QHeaderView::sectionClicked, this, &ListView::arrangeByColumn);
-}
+ListView::~ListView() = default;
 
 void ListView::connectTree() {
     connect(tree_->selectionModel(), &QItemSelectionModel::selectionChanged, this, &RecordView::selectionChanged);
@@ -95,14 +69,14 @@ void ListView::connectTree() {
     });
     connect(tree_, &RecordTree::menuRequested, this, &RecordView::contextMenuRequested);
     connect(tree_, &RecordTree::typed, this, [this](const QString& text, bool further) {
-        constexpr std::size_t rowsWhileTyping = 5'000;
-        const auto current = model_->position(tree_->currentIndex());
-        static_cast<void>(findFrom(current ? *current + (further ? 0 : 1) : 0, rowsWhileTyping, text));
+        if (const auto row = canFind(text) ? finder_->near(findRequest(text, further ? 0 : 1)) : std::nullopt)
+            goTo(*row);
     });
-}
-
-app::ColumnList ListView::list() const {
-    return model_->records() == app::RecordKind::entries ? app::ColumnList::entries : app::ColumnList::expenses;
+    connect(finder_, &RowFinder::ended, this, [this](std::optional<std::size_t> row) {
+        if (row)
+            goTo(*row);
+        emit findEnded(row.has_value());
+    });
 }
 
 app::ListQuery ListView::query() const {
@@ -116,127 +90,81 @@ app::ListQuery ListView::query() const {
                 style_ == app::ListStyle::tree && !workspace_.settings().treeOptions.has(app::TreeOption::ascending)};
 }
 
-void ListView::makeRows() {
-    loading_.stop();
-    if (saving_.isActive())
-        storeLayout();
-    applying_ = true;
-    model_->setRows(app::makeListRows(workspace_.stores(), workspace_.locale(), workspace_.timeRules(), query()),
-                    workspace_.view().records(), workspace_.view().arrangedBy() == 0 && style_ != app::ListStyle::tree);
-    applyLook();
-    applyLayout();
+std::unique_ptr<app::ListRows> ListView::makeRows() const {
+    return app::makeListRows(workspace_.stores(), workspace_.locale(), workspace_.timeRules(), query());
+}
+
+void ListView::setRows(std::unique_ptr<app::ListRows> rows) {
+    finder_->cancel();
+    finder_->forget();
+    columns_->beginChange();
+    tree_->setFont(fontOf(workspace_.settings().createListFont(0, false)));
+    delegate_->forgetIcons();
+    model_->setRows(std::move(rows), workspace_.view().records(),
+                    workspace_.view().arrangedBy() == 0 && style_ != app::ListStyle::tree);
+    columns_->endChange();
 }
 
 void ListView::showView() {
-    makeRows();
+    loading_.stop();
+    coming_.reset();
+    whenLoaded_ = nullptr;
+    setRows(makeRows());
     if (model_->loadMore(firstStep))
         loading_.start();
     else
-        expandGroups({});
+        loaded();
     tree_->scrollToTop();
     emit selectionChanged();
 }
 
-void ListView::loadStep() {
-    if (!model_->loadMore(furtherStep)) {
-        loading_.stop();
-        expandGroups({});
-    }
-    emit totalsChanged();
-}
-
-void ListView::loadRest() {
-    if (!loading_.isActive())
-        return;
-    loading_.stop();
-    model_->loadMore(std::numeric_limits<std::size_t>::max());
-    expandGroups({});
-    emit totalsChanged();
-}
-
 void ListView::reload() {
+    coming_ = makeRows();
+    if (coming_->load(firstStep))
+        loading_.start();
+    else
+        takeComing();
+}
+
+void ListView::loadStep() {
+    loading_.setInterval(workspace_.isChanging() ? RowFinder::pause : 0);
+    if (workspace_.isChanging())
+        return; // what cannot be read now is not missing
+    if (coming_ == nullptr) {
+        if (!model_->loadMore(furtherStep))
+            loaded();
+        emit totalsChanged();
+    } else if (!coming_->load(furtherStep)) {
+        takeComing();
+    }
+}
+
+// The rows that were shown until now make room, with all that the user sees staying as it is.
+void ListView::takeComing() {
     const Place before = place();
     const bool blocked = tree_->selectionModel()->blockSignals(true);
-    makeRows();
-    model_->loadMore(std::numeric_limits<std::size_t>::max());
+    setRows(std::move(coming_));
+    loading_.stop();
     restore(before);
     tree_->selectionModel()->blockSignals(blocked);
     emit selectionChanged();
+    if (const auto then = std::exchange(whenLoaded_, nullptr))
+        then();
 }
 
-void ListView::applyLook() {
-    tree_->setFont(fontOf(workspace_.settings().createListFont(0, false)));
-    delegate_->forgetIcons();
-    QHeaderView* header = tree_->header();
-    QFont titles = tree_->font();
-    titles.setBold(false);
-    header->setFont(titles);
-    int sorted = -1;
-    for (std::size_t column = 0; style_ != app::ListStyle::simple && column < model_->rows()->columnCount(); ++column)
-        if (app::arrangementOf(model_->records(), model_->rows()->column(column).name) ==
-            workspace_.view().arrangedBy())
-            sorted = static_cast<int>(column);
-    header->setSortIndicatorShown(sorted >= 0 && workspace_.view().arrangedBy() != 0);
-    header->setSortIndicator(sorted, Qt::AscendingOrder);
+void ListView::loaded() {
+    loading_.stop();
+    expandGroups({});
+    if (const auto then = std::exchange(whenLoaded_, nullptr))
+        then();
 }
 
-void ListView::arrangeByColumn(int column) {
-    const auto name = model_->rows()->column(static_cast<std::size_t>(column)).name;
-    if (const auto choice = app::arrangementOf(model_->records(), name)) {
-        workspace_.view().arrangeBy(*choice);
-        workspace_.saveSettings();
-    }
-}
-
-void ListView::applyLayout() {
-    if (style_ == app::ListStyle::simple)
-        return;
-    const auto layout = app::loadColumnLayout(workspace_.registry(), list(), static_cast<std::uint32_t>(logicalDpiX()));
-    applying_ = true;
-    QHeaderView* header = tree_->header();
-    for (std::size_t place = 0; place < layout.order.size(); ++place)
-        header->moveSection(header->visualIndex(static_cast<int>(layout.order[place])), static_cast<int>(place));
-    for (std::size_t column = 0; column < layout.widths.size(); ++column) {
-        const int width = static_cast<int>(std::min<std::uint32_t>(layout.widths[column], 10'000));
-        header->setSectionHidden(static_cast<int>(column), width == 0);
-        if (width > 0)
-            header->resizeSection(static_cast<int>(column), width);
-    }
-    applying_ = false;
-    updateIconColumn();
-}
-
-void ListView::layoutChanged() {
-    if (applying_)
-        return;
-    updateIconColumn();
-    saving_.start();
-}
-
-void ListView::updateIconColumn() {
-    const QHeaderView* header = tree_->header();
-    for (int place = 0; place < header->count(); ++place) {
-        const int column = header->logicalIndex(place);
-        if (header->isSectionHidden(column))
-            continue;
-        delegate_->setIconColumn(column);
-        break;
-    }
-    tree_->viewport()->update();
-}
-
-void ListView::storeLayout() {
-    saving_.stop();
-    if (style_ == app::ListStyle::simple || model_->rows() == nullptr)
-        return;
-    app::ColumnLayout layout;
-    const QHeaderView* header = tree_->header();
-    for (int place = 0; place < header->count(); ++place) {
-        layout.order.push_back(static_cast<std::uint32_t>(header->logicalIndex(place)));
-        layout.widths.push_back(
-            header->isSectionHidden(place) ? 0 : static_cast<std::uint32_t>(header->sectionSize(place)));
-    }
-    app::saveColumnLayout(workspace_.registry(), list(), layout); // a failure is silent
+// Does at once what needs all rows, or when they are there; a later wish takes the place of an earlier one.
+void ListView::onceLoaded(std::function<void()> then) {
+    if (loading_.isActive())
+        whenLoaded_ = std::move(then);
+    else
+        then();
 }
 
 void ListView::expandGroups(const std::set<QString>& toggled) {
@@ -304,23 +232,25 @@ void ListView::selectPositions(std::vector<std::size_t> positions) {
 }
 
 void ListView::select(std::span<const store::RecordId> ids) {
-    loadRest();
-    const auto positions = positionsOf(ids);
-    if (positions.empty()) {
-        tree_->clearSelection();
-        return;
-    }
-    const QModelIndex first = model_->indexOf(positions.front());
-    tree_->selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
-    selectPositions(positions);
-    tree_->scrollTo(first);
+    onceLoaded([this, wanted = std::vector(ids.begin(), ids.end())] {
+        const auto positions = positionsOf(wanted);
+        if (positions.empty()) {
+            tree_->clearSelection();
+            return;
+        }
+        const QModelIndex first = model_->indexOf(positions.front());
+        tree_->selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+        selectPositions(positions);
+        tree_->scrollTo(first);
+    });
 }
 
 void ListView::selectAll() {
-    loadRest();
-    std::vector<std::size_t> all(model_->rowCountShown());
-    std::iota(all.begin(), all.end(), std::size_t{0});
-    selectPositions(std::move(all));
+    onceLoaded([this] {
+        std::vector<std::size_t> all(model_->rowCountShown());
+        std::iota(all.begin(), all.end(), std::size_t{0});
+        selectPositions(std::move(all));
+    });
 }
 
 ListView::Place ListView::place() const {
@@ -358,22 +288,6 @@ void ListView::restore(const Place& place) {
     tree_->horizontalScrollBar()->setValue(place.horizontal);
 }
 
-std::vector<std::size_t> ListView::shownColumns() const {
-    std::vector<std::size_t> columns;
-    if (style_ == app::ListStyle::simple) {
-        const auto layout = app::loadColumnLayout(workspace_.registry(), list());
-        for (const std::uint32_t column : layout.order)
-            if (layout.widths[column] != 0)
-                columns.push_back(column);
-        return columns;
-    }
-    const QHeaderView* header = tree_->header();
-    for (int place = 0; place < header->count(); ++place)
-        if (const int column = header->logicalIndex(place); !header->isSectionHidden(column))
-            columns.push_back(static_cast<std::size_t>(column));
-    return columns;
-}
-
 QString ListView::selectedText() const {
     if (model_->rows() == nullptr)
         return {};
@@ -385,30 +299,40 @@ QString ListView::selectedText() const {
     std::vector<std::u16string> titles;
     for (std::size_t column = 0; column < model_->rows()->columnCount(); ++column)
         titles.push_back(platform::toU16(model_->columnTitle(column)));
-    return toQString(app::copiedText(*model_->rows(), positions, shownColumns(), titles));
+    return toQString(app::copiedText(*model_->rows(), positions, columns_->shown(), titles));
 }
 
-bool ListView::findNext(const QString& text) {
-    loadRest();
+bool ListView::canFind(const QString& text) const {
+    return !text.isEmpty() && model_->rowCountShown() > 0;
+}
+
+RowFinder::Request ListView::findRequest(const QString& text, std::size_t behindCurrent) const {
     const auto current = model_->position(tree_->currentIndex());
-    return findFrom(current ? *current + 1 : 0, model_->rowCountShown(), text);
+    return {*model_->rows(), columns_->shown(), text, current ? *current + behindCurrent : 0};
 }
 
-bool ListView::findFrom(std::size_t first, std::size_t rows, const QString& text) {
-    const std::size_t count = model_->rowCountShown();
-    if (text.isEmpty() || count == 0)
-        return false;
-    const auto columns = shownColumns();
-    for (std::size_t i = 0; i < std::min(rows, count); ++i) {
-        const std::size_t row = (first + i) % count;
-        if (std::ranges::any_of(columns, [&](std::size_t column) {
-                return toQString(model_->rows()->cell(row, column)).contains(text, Qt::CaseInsensitive);
-            })) {
-            goTo(row);
-            return true;
-        }
+Found ListView::findNext(const QString& text) {
+    if (loading_.isActive()) {
+        onceLoaded([this, text] {
+            const Found found = findNow(text);
+            if (found != Found::searching)
+                emit findEnded(found == Found::yes);
+        });
+        return Found::searching;
     }
-    return false;
+    return findNow(text);
+}
+
+Found ListView::findNow(const QString& text) {
+    std::size_t row = 0;
+    const Found found = canFind(text) ? finder_->next(findRequest(text, 1), row) : Found::no;
+    if (found == Found::yes)
+        goTo(row);
+    return found;
+}
+
+void ListView::cancelFind() {
+    finder_->cancel();
 }
 
 void ListView::goTo(std::size_t position) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "desktop/lists/record_model.h"
-#include "desktop/lists/status_look.h"
+#include "desktop/status_look.h"
 
 #include <QStyledItemDelegate>
 

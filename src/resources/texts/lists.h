@@ -12,6 +12,7 @@ inline constexpr Text find{10310, u"&Find:"};
 inline constexpr Text findNext{10311, u"&Next"};
 inline constexpr Text closeFind{10312, u"Close"};
 inline constexpr Text notFound{10313, u"Not found"};
+inline constexpr Text searching{10314, u"Searching… (Esc cancels)"};
 
 inline constexpr Text customize{10320, u"Customize"};
 inline constexpr Text groups{10321, u"Rows of groups in the tree list"};

@@ -14,6 +14,9 @@ namespace hourwright::desktop {
 [[nodiscard]] QColor statusColour(store::EntryStatus status, const app::DisplaySettings& display,
                                   const QPalette& palette);
 
+/// The colour that stands for a status in areas: the chosen one, else one of the style.
+[[nodiscard]] QColor statusFill(store::EntryStatus status, const app::DisplaySettings& display);
+
 /// The icons of the statuses, drawn once for a size and palette.
 class StatusIcons {
 public:
