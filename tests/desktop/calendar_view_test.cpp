@@ -60,6 +60,14 @@ protected:
         QMouseEvent move(QEvent::MouseMove, to, port->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
         QCoreApplication::sendEvent(port, &move);
     }
+    // A finger, which the toolkit turns into a mouse.
+    void touch(QEvent::Type type, QPoint at) {
+        auto* port = grid().viewport();
+        const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+        const Qt::MouseButtons buttons = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, at, at, port->mapToGlobal(at), button, buttons, {}, Qt::MouseEventSynthesizedByQt);
+        QCoreApplication::sendEvent(port, &event);
+    }
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&grid(), key, modifiers); }
     std::string only() {
         const auto all = entries();
@@ -98,6 +106,41 @@ TEST_F(CalendarViewTest, aBlockIsMovedToAnotherDayAndTime) {
     EXPECT_EQ(only(), "19 11:15:01 150");
     EXPECT_EQ(entries().front().modified, clock().now());
     EXPECT_EQ(view().selection().size(), 1U);
+}
+
+TEST_F(CalendarViewTest, aFingerScrollsOrTakesHoldOfABlock) {
+    addEntry(16, 9, 150, 50);
+    open();
+    QObject::disconnect(&grid(), &TimeGrid::contextMenuRequested, nullptr, nullptr); // it would wait for a choice
+    QSignalSpy menus(&grid(), &TimeGrid::contextMenuRequested);
+    const QPoint block = place(0, 570);
+    const int scroll = grid().verticalScrollBar()->value();
+
+    touch(QEvent::MouseButtonPress, block);
+    touch(QEvent::MouseMove, block - QPoint(0, 60));
+    touch(QEvent::MouseButtonRelease, block - QPoint(0, 60));
+    EXPECT_EQ(grid().verticalScrollBar()->value(), scroll + 60);
+    EXPECT_EQ(only(), "16 09:00:01 150");
+    grid().verticalScrollBar()->setValue(scroll);
+
+    constexpr int longEnough = 800;
+    touch(QEvent::MouseButtonPress, block);
+    QTest::qWait(longEnough);
+    EXPECT_EQ(menus.count(), 0);
+    touch(QEvent::MouseMove, place(1, 600));
+    touch(QEvent::MouseMove, place(3, 705));
+    touch(QEvent::MouseButtonRelease, place(3, 705));
+    EXPECT_EQ(only(), "19 11:15:01 150");
+    EXPECT_EQ(grid().verticalScrollBar()->value(), scroll);
+
+    for (const QPoint at : {place(3, 705), place(5, 600)}) { // the block where it is now, empty time
+        menus.clear();
+        touch(QEvent::MouseButtonPress, at);
+        QTest::qWait(longEnough);
+        touch(QEvent::MouseButtonRelease, at);
+        EXPECT_EQ(menus.count(), 1);
+    }
+    EXPECT_EQ(only(), "19 11:15:01 150");
 }
 
 TEST_F(CalendarViewTest, edgesChangeStartAndDuration) {
@@ -166,7 +209,7 @@ TEST_F(CalendarViewTest, reloadKeepsSelectionAndScrollPosition) {
     EXPECT_EQ(view().selection(), std::vector{id});
     EXPECT_EQ(grid().verticalScrollBar()->value(), 37);
     EXPECT_EQ(view().totals().items, 3U);
-    EXPECT_TRUE(view().findNext("review"));
+    EXPECT_EQ(view().findNext("review"), Found::yes);
     EXPECT_NE(view().selection(), std::vector{id});
     view().selectAll();
     EXPECT_EQ(view().selectedText().count('\n'), 2);

@@ -31,10 +31,7 @@ TimeGrid::TimeGrid(CalendarBoard& board, BlockPainter& painter, QWidget* parent)
     viewport()->setBackgroundRole(QPalette::Base);
     longPress_.setSingleShot(true);
     longPress_.setInterval(longPressTime);
-    connect(&longPress_, &QTimer::timeout, this, [this] {
-        hit_.reset();
-        emit contextMenuRequested(viewport()->mapToGlobal(pressed_));
-    });
+    connect(&longPress_, &QTimer::timeout, this, &TimeGrid::held);
     minute_.setInterval(60'000);
     connect(&minute_, &QTimer::timeout, viewport(), qOverload<>(&QWidget::update));
     minute_.start();

@@ -12,7 +12,8 @@
 namespace hourwright::desktop {
 
 /// Days side by side with their hours from top to bottom. Entries with a start time are blocks, which can be moved and
-/// made longer or shorter with mouse and keyboard; empty time can be marked for a new entry.
+/// made longer or shorter with mouse and keyboard; empty time can be marked for a new entry. A finger scrolls; held on
+/// a block for a moment it moves that one, or opens the menu when it is lifted there.
 class TimeGrid : public QAbstractScrollArea {
     Q_OBJECT
 
@@ -73,6 +74,7 @@ private:
     [[nodiscard]] app::GridPoint pointAt(QPoint position) const;
     [[nodiscard]] const app::TimeBlock* blockOf(std::size_t entry, int* day = nullptr) const;
     void startDrag();
+    void held();
     void finishDrag();
     void scrollByTouch(int y);
     void tapped(bool wasSelected);

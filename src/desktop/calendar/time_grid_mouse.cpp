@@ -50,7 +50,7 @@ void TimeGrid::mouseMoveEvent(QMouseEvent* event) {
     const bool far = (position - pressed_).manhattanLength() >= QApplication::startDragDistance();
     if (far)
         longPress_.stop();
-    if (touch_)
+    if (touch_ && !drag_)
         return far ? scrollByTouch(position.y()) : void();
     if (!drag_ && far)
         startDrag();
@@ -69,7 +69,19 @@ void TimeGrid::showPointer(QPoint position) {
     viewport()->setCursor(edge ? Qt::SizeVerCursor : Qt::ArrowCursor);
 }
 
-// A finger moves the hours themselves; blocks are moved with mouse and keyboard.
+// A finger that stays on a block takes hold of it; elsewhere it wants the menu.
+void TimeGrid::held() {
+    if (hit_ && hit_->entry) {
+        hit_->kind = app::DragKind::move;
+        startDrag();
+        viewport()->update();
+        return;
+    }
+    hit_.reset();
+    emit contextMenuRequested(viewport()->mapToGlobal(pressed_));
+}
+
+// A finger that moves at once moves the hours themselves.
 void TimeGrid::scrollByTouch(int y) {
     verticalScrollBar()->setValue(touchScroll_ + pressed_.y() - y);
     wasSelected_ = false;
@@ -113,6 +125,8 @@ void TimeGrid::finishDrag() {
     else if (drag.changed())
         board_.place(board_.entry(*hit.entry).id, app::placeOf(drag.kind(), drag.times(), board_.days().front().date),
                      drag.kind());
+    else if (touch_)
+        emit contextMenuRequested(viewport()->mapToGlobal(pressed_));
 }
 
 void TimeGrid::tapped(bool wasSelected) {
