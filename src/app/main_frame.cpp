@@ -51,9 +51,13 @@ bool MainFrame::close() {
         if (!messages_.ask(StringId::closeWithTimers, platform::Icon::question, platform::Answer::no))
             return false;
     }
+    end();
+    return true;
+}
+
+void MainFrame::end() {
     settings_->save(registry_);
     window_.quit(0);
-    return true;
 }
 
 void MainFrame::use(const StartOptions& options) {

@@ -59,6 +59,8 @@ public:
     /// The user wants to close: asks when timers run and the settings want that. False: the window stays. Otherwise the
     /// frame is destroyed: settings are saved and the message loop ends.
     [[nodiscard]] bool close();
+    /// The session or a signal ends the program: stores the settings and quits, without a question.
+    void end();
 
     /// Does what a command line says, this program's own or one handed over, as soon as nothing else is going on.
     void use(const StartOptions& options);

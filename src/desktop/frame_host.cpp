@@ -12,6 +12,7 @@
 #include "platform/utf.h"
 
 #include <QApplication>
+#include <QTimer>
 #include <algorithm>
 
 namespace hourwright::desktop {
@@ -62,7 +63,27 @@ bool FrameHost::create(const app::Rectangle& rectangle) {
         server_->setHandler([this](const platform::InstanceMessage& message) { return answer(message); });
         notifier_ = std::make_unique<platform::QtInstanceNotifier>(*server_);
     }
+    termination_ = std::make_unique<platform::QtTermination>([this] { endNow(); });
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, window_.get(), [this] { saveState(); });
     return true;
+}
+
+// What a start after this one finds again. Timers that run are offered to it.
+void FrameHost::saveState() {
+    savePlace(*window_, *registry_);
+    frame_.settings().save(*registry_);
+    timers_->control().writeJournal();
+}
+
+// Nobody is asked any more. A change that is being made is waited for; it ends by itself.
+void FrameHost::endNow() {
+    if (workspace_->isChanging()) {
+        constexpr int again = 50; // milliseconds
+        QTimer::singleShot(again, window_.get(), [this] { endNow(); });
+        return;
+    }
+    saveState();
+    frame_.end();
 }
 
 // The window makes its menus, of either kind, together with itself.

@@ -14,6 +14,7 @@
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_shell.h"
 #include "platform/qt/qt_system_timer.h"
+#include "platform/qt/qt_termination.h"
 #include "platform/qt/session_idle_time.h"
 
 #include <memory>
@@ -51,6 +52,8 @@ public:
     void quit(int code) override { queue_.quit(code); }
 
 private:
+    void saveState();
+    void endNow();
     [[nodiscard]] std::optional<std::string> answer(const platform::InstanceMessage& message);
     [[nodiscard]] platform::PlatformError openRecords();
 
@@ -80,6 +83,7 @@ private:
     std::unique_ptr<platform::QtInstanceNotifier> notifier_;
     std::unique_ptr<platform::StoreCopies> copies_;
     std::unique_ptr<DailyCopy> dailyCopy_;
+    std::unique_ptr<platform::QtTermination> termination_;
 };
 
 } // namespace hourwright::desktop
