@@ -21,7 +21,7 @@ struct Home {
     std::unique_ptr<platform::NamedMutex> mutex =
         platform::makeNamedMutex(directory.path(), std::string(store::clientIdMutexName));
     std::unique_ptr<platform::ObjectStore> objects =
-        platform::openSqliteObjectStore(directory.path() / "bench.db").store;
+        platform::openSqliteObjectStore(directory.path() / "hourwright.db").store;
     store::Stores stores{*objects, *mutex, registry};
 
     bool fill(std::uint64_t entries) {

@@ -15,7 +15,7 @@ void fillStore(benchmark::State& state) {
         if (!home.fill(entries))
             state.SkipWithError("the store was not filled");
         state.counters["MiB"] =
-            static_cast<double>(std::filesystem::file_size(home.directory.path() / "bench.db")) / 1048576;
+            static_cast<double>(std::filesystem::file_size(home.directory.path() / "hourwright.db")) / 1048576;
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
