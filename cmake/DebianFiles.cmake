@@ -1,4 +1,4 @@
-# Run by CPack in the staged files of the Debian package: the changelogs and compressed pages that its policy asks for.
+# Run by CPack in the staged files of the Debian package: what its policy asks for beyond `make install`.
 
 set(share ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share)
 set(doc ${share}/doc/hourwright)
@@ -16,3 +16,11 @@ file(GLOB packed ${doc}/*.gz ${share}/man/man1/*.gz)
 file(CHMOD ${packed} FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ)
 
 file(CREATE_LINK ../../hourwright/manual ${doc}/manual SYMBOLIC)
+
+file(WRITE ${share}/lintian/overrides/hourwright "# The package is no part of Debian, so there is no bug to close.
+hourwright: initial-upload-closes-no-bugs *
+# The window opens the manual, so it must be there where documentation is left out.
+hourwright: package-contains-documentation-outside-usr-share-doc *
+")
+file(GLOB programs ${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/bin/*)
+execute_process(COMMAND strip --remove-section=.comment --remove-section=.note ${programs} COMMAND_ERROR_IS_FATAL ANY)

@@ -5,9 +5,14 @@ set(CPACK_PACKAGE_NAME hourwright)
 set(CPACK_PACKAGE_VENDOR "Hourwright developers")
 set(CPACK_PACKAGE_CONTACT "Hourwright developers <maintainers@hourwright.invalid>")
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "${PROJECT_DESCRIPTION}")
-set(CPACK_PACKAGE_DESCRIPTION "Hourwright records a consultant's time and expenses, prices them, marks them billed \
-and paid, and exports them. The window hourwright and the command line hwctl work on the same records, which are one \
-SQLite file.")
+set(CPACK_PACKAGE_DESCRIPTION "Hourwright records a consultant's time and expenses by client, project and
+task, prices them by rates, marks them billed and paid, and exports them as
+CSV, XML, JSON, calendars and documents.
+.
+The window hourwright shows days, weeks and months as calendars and lists,
+runs timers and keeps notes with drawings and recordings; the command line
+hwctl does the same work from a terminal. Both share one SQLite file on this
+computer, and need no network.")
 set(CPACK_RESOURCE_FILE_LICENSE ${PROJECT_SOURCE_DIR}/LICENSE)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
