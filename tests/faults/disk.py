@@ -47,9 +47,9 @@ class Disk:
         elif kind == "unlink":
             self._set(path, None)
         elif kind == "rename":
-            inode = self.names.get(path)
-            self._set(path, None)
-            self._set(operation[2], inode)
+            self._rename(path, operation[2])
+        elif kind == "link":
+            self._set(operation[2], self.names.get(path))
         elif kind == "sync":
             self._sync(path)
         elif kind == "truncate":
@@ -59,12 +59,24 @@ class Disk:
             offset = inode.length if operation[3] is None else operation[3]
             self._change(path, ("write", operation[2], offset))
 
+    def _rename(self, path, name):
+        if path in self.names:
+            inode = self.names.get(path)
+            self._set(path, None)
+            self._set(name, inode)
+            return
+        changes = []  # a folder, whose files go with it at once
+        for below in [below for below in self.names if below.startswith(path + "/")]:
+            changes += [(below, None), (name + below[len(path):], self.names[below])]
+        self._set_all(changes)
+
     def _set(self, path, inode):
-        self.pending_names.append((path, inode))
-        if inode is None:
-            self.names.pop(path, None)
-        else:
-            self.names[path] = inode
+        self._set_all([(path, inode)])
+
+    def _set_all(self, changes):
+        self.pending_names.append(changes)
+        for path, inode in changes:
+            self._settle(self.names, path, inode)
 
     def _change(self, path, change):
         inode = self.names.get(path)
@@ -79,7 +91,7 @@ class Disk:
         if path in self.names:
             self.names[path].sync()
             return
-        for changed, inode in self.pending_names:  # a folder
+        for changed, inode in sum(self.pending_names, []):  # a folder
             self._settle(self.durable_names, changed, inode)
         self.pending_names.clear()
 
@@ -94,9 +106,10 @@ class Disk:
         """The files that are found afterwards. `mode`: "nothing" of what was not synchronised arrived, "all" of it, or
         "some", in any order and torn between sectors."""
         names = dict(self.durable_names)
-        for path, inode in self.pending_names:
+        for changes in self.pending_names:
             if mode == "all" or (mode == "some" and random.random() < 0.5):
-                self._settle(names, path, inode)
+                for path, inode in changes:
+                    self._settle(names, path, inode)
         return {path: bytes(self._found(inode, random, mode)) for path, inode in names.items()}
 
     @staticmethod

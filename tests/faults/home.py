@@ -1,6 +1,7 @@
 """A home folder of the program, what its commands do to it, and what it holds."""
 
 import hashlib
+import json
 import os
 import pathlib
 import shutil
@@ -73,6 +74,16 @@ class Home:
         folder = self.path / "exports"
         return {file.name: file.read_bytes() for file in folder.iterdir() if file.is_file()} if folder.exists() else {}
 
+    def copies(self):
+        """The names of the copies of the records; None when one is not sound or they cannot be told."""
+        if not (self.path / "copies").exists():
+            return []
+        done = self.run(["--json", "store", "copies", "--verify"])
+        copies = json.loads(done.stdout or "null")
+        if copies is None or not all(copy["sound"] for copy in copies):
+            return None
+        return [copy["name"] for copy in copies]
+
     def copy_to(self, path):
         shutil.rmtree(path, ignore_errors=True)
         shutil.copytree(self.path, path, symlinks=True)
@@ -106,6 +117,8 @@ class Step:
         self.content_after = after.content()
         self.exports_before = before.exports()
         self.exports_after = after.exports()
+        self.copies_before = before.copies()
+        self.copies_after = after.copies()
         self.name = " ".join(words).replace("{home}/", "")
 
     def may_grow(self):
@@ -125,6 +138,9 @@ def judge(step, home, exit_code):
         return "neither the state before nor the one after"
     if exit_code == 0 and content != step.content_after:
         return "acknowledged but lost"
+    copies = home.copies()
+    if copies != step.copies_after and (exit_code == 0 or copies != step.copies_before):
+        return f"copies are {copies}"
     return judge_exports(step, home.exports(), exit_code)
 
 

@@ -42,8 +42,10 @@ SESSION = [
     ["project", "delete", "Acme", "Other"],
     ["entry", "delete", "{entry}"],
     ["undo"],
+    ["store", "copy"],
     ["bulk", "delete", "--from", "2026-11-19", "--to", "2026-11-30"],
     ["wipe", "structure", "--rates"],
+    ["store", "restore"],
     ["wipe", "all"],
     ["demo", "--entries", "30"],
 ]

@@ -3,7 +3,7 @@
 import os
 import re
 
-CALLS = "write,pwrite64,fsync,fdatasync,ftruncate,rename,renameat,renameat2,unlink,unlinkat"
+CALLS = "write,pwrite64,fsync,fdatasync,ftruncate,rename,renameat,renameat2,link,linkat,unlink,unlinkat"
 RECORDED = CALLS + ",openat"
 
 LINE = re.compile(r"^(?:\d+ +)?(\w+)\((.*)\) += (-?\d+)(.*)$")
@@ -68,9 +68,9 @@ def _operation(call, arguments, result):
         return None
     if call in ("unlink", "unlinkat"):
         return ("unlink", _path(parts[0 if call == "unlink" else 1].strip('"')))
-    if call.startswith("rename"):
+    if call.startswith(("rename", "link")):
         names = [_path(part.strip('"')) for part in parts if part.startswith('"')]
-        return ("rename", names[0], names[1])
+        return ("rename" if call.startswith("rename") else "link", names[0], names[1])
     descriptor = DESCRIPTOR.match(parts[0])
     if not descriptor:
         return None
