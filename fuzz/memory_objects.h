@@ -27,6 +27,9 @@ public:
     [[nodiscard]] std::unique_ptr<platform::Snapshot> snapshot() override;
     [[nodiscard]] bool check(const std::function<void(std::string_view)>&) override { return true; }
     [[nodiscard]] std::optional<std::uint64_t> changesByOthers() override { return 0; }
+    void waitForOthers(bool) override {}
+    [[nodiscard]] bool isReplaced() override { return false; }
+    [[nodiscard]] bool reopen() override { return false; }
     [[nodiscard]] platform::PlatformError lastError() const override { return error_; }
 
 private:

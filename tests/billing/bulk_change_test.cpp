@@ -143,7 +143,10 @@ TEST_F(BulkChangeTest, OnlySelectedEntriesAreTouched) {
     std::vector<std::size_t> progress;
     change([&](auto& transaction) {
         EXPECT_EQ(markAllPaid(transaction, stores().entries(), selection, paidDate_, now_,
-                              [&](std::size_t walked) { progress.push_back(walked); }),
+                              [&](std::size_t walked) {
+                                  progress.push_back(walked);
+                                  return true;
+                              }),
                   2U);
     });
     EXPECT_EQ(progress, (std::vector<std::size_t>{1, 2, 3}));
