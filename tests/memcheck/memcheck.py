@@ -31,7 +31,7 @@ def valgrind(command, folder, **options):
     """The finished process, and what valgrind had to say."""
     log = folder / "valgrind.log"
     done = subprocess.run([*VALGRIND, f"--log-file={log}", *command], stdin=subprocess.DEVNULL, cwd=folder,
-                          capture_output=True, timeout=300, **options)
+                          capture_output=True, timeout=1800, **options)
     return done, log.read_text(errors="replace")
 
 
