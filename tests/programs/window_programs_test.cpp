@@ -1,7 +1,9 @@
+#include "app/timer_recovery.h"
 #include "desktop/frame_host.h"
 #include "platform/posix/unix_instance_channel.h"
 #include "platform/qt/qt_event_queue.h"
 #include "platform/sqlite/sqlite_object_store.h"
+#include "platform/sqlite/sqlite_registry.h"
 #include "support/temporary_directory.h"
 
 #include <QApplication>
@@ -247,6 +249,26 @@ TEST_F(OpenWindowTest, ReloadsAtOnceWhenAnotherProgramWrites) {
     ASSERT_EQ(hwctl({"settings", "set", "MinTime", "6"}), 0);
     QTest::qWait(200);
     EXPECT_EQ(reloads_, 2); // reading and settings are none
+}
+
+// As the end of a session does it, with a timer running: nothing is asked, the next start knows everything.
+TEST_F(WindowProgramsTest, EndsInOrderWhenTheSystemSaysSo) {
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+        const pid_t window = hourwright({});
+        ASSERT_TRUE(answers());
+        if (signal == SIGHUP) {
+            ASSERT_EQ(hwctl({"timer", "add", "--client", "Acme"}), 0);
+        }
+        kill(window, signal);
+        EXPECT_EQ(exitCode(window), 0) << errorText();
+        EXPECT_EQ(hwctl({"registry", "get", "WindowPlace"}), 0) << signal;
+        EXPECT_EQ(hwctl({"registry", "delete", "WindowPlace"}), 0);
+    }
+    const auto directories = platform::userDirectories(home(), platform::processEnvironment);
+    const auto journal = platform::openSqliteRegistry(directories.state / "timers.db");
+    const auto left = app::TimerJournal(*journal).read().timers;
+    ASSERT_EQ(left.size(), 1U);
+    EXPECT_EQ(left.front().timer.names().client, u"Acme");
 }
 
 TEST_F(OpenWindowTest, KeepsItsPlaceAndItsSettings) {
