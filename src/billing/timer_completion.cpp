@@ -40,7 +40,7 @@ store::TimeEntry completedEntry(const EntryTimer& timer, const TimerCompletion& 
 }
 
 bool noteIsTooLarge(const EntryTimer& timer) {
-    return timer.note().size() >= noteTooLargeFrom;
+    return noteCharacters(timer.note()) >= noteTooLargeFrom;
 }
 
 void trim(EntryTimer& timer, std::int64_t seconds) {

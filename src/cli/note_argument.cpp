@@ -1,10 +1,13 @@
 #include "cli/note_argument.h"
 
+#include "billing/typed_text.h"
 #include "exchange/note_document.h"
+#include "exchange/note_size.h"
 #include "platform/utf.h"
 
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 namespace hourwright::cli {
 
@@ -13,7 +16,7 @@ namespace {
 constexpr std::string_view rtfSignature = "{\\rtf";
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-// More than any note that is accepted, so that a huge file is not read to its end.
+// More than any note that is accepted takes, so that a huge file is not read to its end.
 constexpr std::streamsize readLimit = 1 << 20;
 
 std::optional<std::string> readFile(const std::filesystem::path& path) {
@@ -31,24 +34,28 @@ std::optional<std::string> readFile(const std::filesystem::path& path) {
     return bytes;
 }
 
+// A document that cannot be read as a note counts as large as its file.
 billing::NoteDraft noteOfRtf(std::string_view rtf) {
     const auto bytes = std::as_bytes(std::span(rtf));
-    return {.blob = {bytes.begin(), bytes.end()}, .characters = rtf.size()};
+    const auto note = exchange::readNote(bytes);
+    return {.blob = {bytes.begin(), bytes.end()}, .characters = note ? exchange::noteCharacters(*note) : rtf.size()};
 }
 
 } // namespace
 
 billing::NoteDraft noteOfText(std::u16string_view text) {
-    text = text.substr(0, text.find(u'\0'));
-    if (text.empty())
+    const exchange::NoteDocument note = exchange::fromPlainText(text);
+    if (note.paragraphs.empty())
         return {};
-    return {.blob = exchange::writeNote(exchange::fromPlainText(text)), .characters = text.size()};
+    return {.blob = exchange::writeNote(note), .characters = exchange::noteCharacters(note)};
 }
 
 std::optional<billing::NoteDraft> noteOfFile(const std::filesystem::path& path) {
     const auto bytes = readFile(path);
     if (!bytes)
         return std::nullopt;
+    if (std::cmp_equal(bytes->size(), readLimit)) // there may be more, which must not be cut off unnoticed
+        return billing::NoteDraft{.blob = {}, .characters = billing::noteTooLargeFrom};
     std::string_view text = *bytes;
     if (text.starts_with(rtfSignature))
         return noteOfRtf(text);

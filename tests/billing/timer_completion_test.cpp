@@ -91,6 +91,8 @@ TEST(TimerCompletion, AnnouncesANoteOfMoreThan65000Characters) {
     EXPECT_FALSE(noteIsTooLarge(timer));
     timer.setNote(std::u16string(65'001, u'x'));
     EXPECT_TRUE(noteIsTooLarge(timer));
+    timer.setNote(std::u16string(64'999, u'x') + u"\r\n");
+    EXPECT_FALSE(noteIsTooLarge(timer)) << "a line break is one character";
 }
 
 TEST(TimerCompletion, SplitsATimerAtAGap) {

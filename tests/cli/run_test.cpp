@@ -58,6 +58,21 @@ TEST(Run, longTextsAndNotesAreRefusedNotCut) {
               "The note is too large. Please remove large voice recordings or drawings.\n");
 }
 
+TEST(Run, aNoteFileCountsAsTheNoteInItAndIsNeverCut) {
+    CommandRunner runner;
+    const auto add = [&](const std::string& bytes) {
+        std::ofstream(runner.home() / "note") << bytes;
+        return runner.run({"entry", "add", "--duration", "1", "--task", "T", "--note-file", runner.home() / "note"});
+    };
+    std::string formats;
+    for (int i = 0; i < 10'000; ++i)
+        formats += "{\\b x}"; // 10,000 characters in 70,000 bytes
+    EXPECT_EQ(add("{\\rtf1 " + formats + '}').exitCode, 0);
+    EXPECT_EQ(add("{\\rtf1 " + std::string(65'001, 'x') + '}').exitCode, 1);
+    EXPECT_EQ(add("{\\rtf1 {\\*\\unknown " + std::string(2'000'000, ' ') + "} x}").exitCode, 1)
+        << "longer than is read";
+}
+
 TEST(Run, noteFilesAreTakenAsTheyAreOrAsText) {
     CommandRunner runner;
     const std::string rtf = "{\\rtf1\\ansi {\\b bold} text}";

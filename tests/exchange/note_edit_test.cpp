@@ -1,5 +1,6 @@
 #include "exchange/note_edit.h"
 
+#include "billing/typed_text.h"
 #include "exchange/memory_files.h"
 #include "exchange/note_bytes.h"
 #include "exchange/note_document.h"
@@ -161,6 +162,22 @@ TEST(NoteSize, CountsBytesAndNotTheirDigits) {
                              {false, {ForeignGroup{"{\\*\\x 0123}"}}}}};
     EXPECT_EQ(noteCharacters(note), 3U + 100U + 1U + 5U + 3U);
     EXPECT_EQ(noteCharacters({}), 0U);
+}
+
+TEST(NoteSize, IsTheSameForAPlainTextAndTheNoteMadeOfIt) {
+    for (const auto& [text, size] :
+         std::initializer_list<std::pair<std::u16string, std::size_t>>{{u"", 0},
+                                                                       {u"abc", 3},
+                                                                       {u"a\nb", 3},
+                                                                       {u"a\r\nb", 3},
+                                                                       {u"\r\n\r\n", 2},
+                                                                       {u"a\r\rb", 4},
+                                                                       {u"\U0001F600\t", 3},
+                                                                       {u"a\r\n", 2},
+                                                                       {std::u16string(u"ab\0cd", 5), 2}}) {
+        EXPECT_EQ(billing::noteCharacters(text), size);
+        EXPECT_EQ(noteCharacters(fromPlainText(text)), size);
+    }
 }
 
 } // namespace
