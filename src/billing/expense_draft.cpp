@@ -137,7 +137,7 @@ Refusal takeNote(Work& work) {
     const auto& note = work.draft.note;
     if (!note)
         return {};
-    if (note->size() >= noteTooLargeFrom)
+    if (noteCharacters(*note) >= noteTooLargeFrom)
         return ExpenseRefusal{ExpenseField::note, StringId::noteTooLarge};
     work.expense.note = *note;
     return {};
@@ -201,16 +201,6 @@ ExpenseDraft touchedOnly(ExpenseDraft draft, const ExpenseDraft& opened) {
             (draft.*field).reset();
     });
     return draft;
-}
-
-bool collides(const ExpenseDraft& touched, const ExpenseEntry& opened, const ExpenseEntry& stored) {
-    const ExpenseDraft before = draftOf(opened);
-    const ExpenseDraft now = draftOf(stored);
-    bool found = false;
-    forEachField([&](auto field) {
-        found = found || (touched.*field && now.*field != before.*field && now.*field != touched.*field);
-    });
-    return found;
 }
 
 std::optional<ExpenseRefusal> applyDraft(const ExpenseDraft& draft, ExpenseEntry& expense) {

@@ -64,11 +64,6 @@ using ExpenseRefusal = FieldRefusal<ExpenseField>;
 /// it is stored.
 [[nodiscard]] ExpenseDraft touchedOnly(ExpenseDraft draft, const ExpenseDraft& opened);
 
-/// Whether somebody else has changed, since the editor opened, a field that was touched in it: writing the draft would
-/// lose that.
-[[nodiscard]] bool collides(const ExpenseDraft& touched, const store::ExpenseEntry& opened,
-                            const store::ExpenseEntry& stored);
-
 /// Checks a draft against the expense that it changes, in this order: date, client, project, description, category,
 /// start odometer, distance, amount, the other texts, note. No field is required. Fields of the other type of expense
 /// are left alone. The first failure is returned and the expense stays as it was; without one the expense has taken

@@ -63,20 +63,6 @@ TEST(CopiedExpense, isANewOneOfTodayThatIsNotBilledYet) {
     EXPECT_EQ(copyOf({.status = store::EntryStatus::nonBillable}, today).status, store::EntryStatus::nonBillable);
 }
 
-TEST(ExpenseCollision, isAFieldThatBothHaveChanged) {
-    const ExpenseEntry opened{.id = store::RecordId{1}, .client = u"Acme", .amount = 100};
-    ExpenseEntry stored = opened;
-    stored.client = u"Bolt";
-    ExpenseDraft touched;
-    touched.amount = u"2";
-    EXPECT_FALSE(collides(touched, opened, stored)) << "another field";
-    touched.client = u"Bolt";
-    EXPECT_FALSE(collides(touched, opened, stored)) << "the same change";
-    touched.client = u"Acorn";
-    EXPECT_TRUE(collides(touched, opened, stored));
-    EXPECT_FALSE(collides(touched, opened, opened));
-}
-
 TEST(ExpenseClientChange, clearsWhatOnlyTheFormerClientHas) {
     store::ClientTree acme;
     acme.projects.push_back({.name = u"Site", .tasks = {}});

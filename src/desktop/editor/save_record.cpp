@@ -1,5 +1,6 @@
 #include "desktop/editor/save_record.h"
 
+#include "billing/record_merge.h"
 #include "store/read_record.h"
 #include "store/save.h"
 
@@ -18,15 +19,34 @@ bool write(platform::Transaction& transaction, store::Stores& stores, store::Exp
     return store::saveExpenseEntry(transaction, stores, expense);
 }
 
-// Makes `expected` what may be overwritten. False when the user does not want that.
+// What one attempt found.
 template<typename Record>
-bool agree(Workspace& workspace, StoredState state, const Record& now, Record& record, Record& expected) {
-    if (state == StoredState::changed) {
-        expected = now;
-        return workspace.messages().ask(StringId::recordChangedMeanwhile);
+struct Attempt {
+    StoredState state = StoredState::same;
+    Record now;     // as stored
+    Record written; // with what somebody else has changed meanwhile
+};
+
+// Under the transaction: writes unless that would lose what somebody else has changed. False for a failure.
+template<typename Record>
+bool tryToWrite(platform::Transaction& transaction, Workspace& workspace, const Record& base,
+                Attempt<Record>& attempt) {
+    attempt.state = store::compareWithStored(workspace.stores(), base, attempt.now);
+    if (attempt.state == StoredState::changed) {
+        auto merged = billing::mergeRecords(base, attempt.written, attempt.now);
+        attempt.written = std::move(merged.record);
+        if (!merged.collides)
+            attempt.state = StoredState::same;
     }
-    record.id = store::RecordId::none;
-    expected = Record{};
+    attempt.written.modified = workspace.clock().now();
+    if (attempt.state == StoredState::same)
+        return write(transaction, workspace.stores(), attempt.written);
+    return attempt.state != StoredState::unreadable;
+}
+
+bool askToOverwrite(Workspace& workspace, StoredState state) {
+    if (state == StoredState::changed)
+        return workspace.messages().ask(StringId::recordChangedMeanwhile);
     return workspace.messages().ask(StringId::recordDeletedMeanwhile, platform::Icon::warning, platform::Answer::yes);
 }
 
@@ -34,26 +54,26 @@ bool agree(Workspace& workspace, StoredState state, const Record& now, Record& r
 // looked at again.
 template<typename Record>
 bool save(Workspace& workspace, std::u16string_view undoName, Record& record, const Record& opened) {
-    Record expected = opened;
+    Record base = opened;
+    Record edited = record;
     while (true) {
-        StoredState state = StoredState::same;
-        Record now;
-        Record written = record;
-        written.modified = workspace.clock().now();
+        Attempt<Record> attempt{.written = edited};
         const bool done = workspace.change(undoName, [&](platform::Transaction& transaction) {
-            state = store::compareWithStored(workspace.stores(), expected, now);
-            if (state == StoredState::same)
-                return write(transaction, workspace.stores(), written);
-            return state != StoredState::unreadable;
+            return tryToWrite(transaction, workspace, base, attempt);
         });
         if (!done)
             return false;
-        if (state == StoredState::same) {
-            record = written;
+        if (attempt.state == StoredState::same) {
+            record = std::move(attempt.written);
             return true;
         }
-        if (!agree(workspace, state, now, record, expected))
+        if (!askToOverwrite(workspace, attempt.state))
             return false;
+        const bool changed = attempt.state == StoredState::changed;
+        base = changed ? std::move(attempt.now) : Record{};
+        edited = std::move(attempt.written);
+        if (!changed)
+            edited.id = store::RecordId::none;
     }
 }
 

@@ -2,14 +2,13 @@
 
 #include "billing/expense_draft.h"
 #include "desktop/editor/field_widgets.h"
+#include "desktop/editor/save_record.h"
 #include "desktop/expenses/expense_form.h"
 #include "platform/qt/qt_text.h"
 #include "resources/texts/expenses.h"
 #include "store/read_record.h"
-#include "store/save.h"
 
 #include <QScreen>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -44,9 +43,6 @@ ExpenseDialog::ExpenseDialog(Workspace& workspace, ExpenseEntry expense, QWidget
     // By itself a dialog takes at most two thirds of the screen, and this one would scroll.
     resize(std::max(width(), leastWidth),
            std::min(sizeHint().height(), screen()->availableGeometry().height() - frameHeight));
-    // Enter begins a line in the note.
-    auto* save = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), this);
-    connect(save, &QShortcut::activated, this, [this] { accept(); });
 }
 
 void ExpenseDialog::accept() {
@@ -55,22 +51,20 @@ void ExpenseDialog::accept() {
         QDialog::accept();
         return;
     }
-    if (!check() || !agreeWithStore())
+    ExpenseEntry typed = expense_;
+    if (!check(typed) || !saveRecord(workspace(), (isNew ? texts::undoAdd : texts::undoChange).text, typed, expense_))
         return;
-    const auto& name = isNew ? texts::undoAdd : texts::undoChange;
-    if (workspace().change(name.text, [this](platform::Transaction& transaction) { return write(transaction); }))
-        QDialog::accept();
+    expense_ = std::move(typed);
+    QDialog::accept();
 }
 
 void ExpenseDialog::reject() {
-    if (!form_->isTouched() ||
-        workspace().messages().ask(StringId::discardChanges, platform::Icon::question, platform::Answer::no))
+    if (!form_->isTouched() || workspace().messages().ask(StringId::discardChanges))
         QDialog::reject();
 }
 
-// The end odometer stands behind the start, and so does its check.
-bool ExpenseDialog::check() {
-    ExpenseEntry typed = expense_;
+// Takes what was typed over into the expense. The end odometer stands behind the start, and so does its check.
+bool ExpenseDialog::check(ExpenseEntry& typed) {
     const auto refusal = billing::applyDraft(form_->touched(), typed);
     const auto endRefusal = form_->checkEnd();
     if (endRefusal && (!refusal || refusal->field > ExpenseField::startOdometer)) {
@@ -83,42 +77,6 @@ bool ExpenseDialog::check() {
         form_->focusOn(refusal->field);
     }
     return !refusal;
-}
-
-// Whether the expense may be written over what is stored now. One that was deleted becomes a new one if wanted.
-bool ExpenseDialog::agreeWithStore() {
-    if (expense_.id == RecordId::none)
-        return true;
-    const auto ask = [this](StringId id) { return workspace().messages().ask(id); };
-    const auto stored = readExpense(workspace().stores(), expense_.id);
-    if (!stored) {
-        workspace().showStoreError();
-        return false;
-    }
-    if (stored->id != RecordId::none)
-        return !billing::collides(form_->touched(), expense_, *stored) || ask(StringId::recordChangedMeanwhile);
-    if (!ask(StringId::recordDeletedMeanwhile))
-        return false;
-    expense_.id = RecordId::none;
-    return true;
-}
-
-bool ExpenseDialog::write(platform::Transaction& transaction) {
-    auto& stores = workspace().stores();
-    ExpenseEntry changed = expense_;
-    if (expense_.id != RecordId::none) {
-        auto stored = readExpense(stores, expense_.id);
-        if (!stored || stored->id == RecordId::none)
-            return false;
-        changed = std::move(*stored);
-    }
-    if (billing::applyDraft(form_->touched(), changed))
-        return false;
-    changed.modified = workspace().clock().now();
-    if (!store::saveExpenseEntry(transaction, stores, changed))
-        return false;
-    expense_ = std::move(changed);
-    return true;
 }
 
 std::optional<ExpenseEntry> readExpense(store::Stores& stores, RecordId id) {

@@ -22,9 +22,7 @@ public:
     void reject() override;
 
 private:
-    [[nodiscard]] bool check();
-    [[nodiscard]] bool agreeWithStore();
-    [[nodiscard]] bool write(platform::Transaction& transaction);
+    [[nodiscard]] bool check(store::ExpenseEntry& typed);
 
     store::ExpenseEntry expense_; ///< as it opened
     ExpenseForm* form_;
