@@ -40,16 +40,43 @@ bool update(Transaction& transaction, Stores& stores, ExpenseEntry& expense) {
     return store::updateExpenseEntry(transaction, stores.expenses(), expense);
 }
 
-template<typename Record>
-bool toggleBilledOf(Transaction& transaction, Stores& stores, std::span<const RecordId> ids, FileTime now) {
+// The rules of statuses are written for time entries, and the same for expenses.
+template<typename Rule>
+void change(TimeEntry& entry, const Rule& rule) {
+    rule(entry);
+}
+
+template<typename Rule>
+void change(ExpenseEntry& expense, const Rule& rule) {
+    TimeEntry entry;
+    entry.status = expense.status;
+    entry.paidDate = expense.paidDate;
+    rule(entry);
+    expense.status = entry.status;
+    expense.paidDate = entry.paidDate;
+}
+
+template<typename Record, typename Rule>
+bool changeAll(Transaction& transaction, Stores& stores, std::vector<Record>& records, FileTime now, const Rule& rule) {
+    return std::ranges::all_of(records, [&](Record& record) {
+        change(record, rule);
+        record.modified = now;
+        return update(transaction, stores, record);
+    });
+}
+
+template<typename Record, typename Rule>
+bool changeThese(Transaction& transaction, Stores& stores, std::span<const RecordId> ids, FileTime now,
+                 const Rule& rule) {
     auto records = readAll<Record>(stores, ids);
-    return records && std::ranges::all_of(*records, [&](Record& record) {
-               const bool unbilled =
-                   record.status == EntryStatus::nonBillable || record.status == EntryStatus::billable;
-               record.status = unbilled ? EntryStatus::billed : EntryStatus::billable;
-               record.modified = now;
-               return update(transaction, stores, record);
-           });
+    return records && changeAll(transaction, stores, *records, now, rule);
+}
+
+template<typename Rule>
+bool changeSelected(Transaction& transaction, Stores& stores, Selected kind, std::span<const RecordId> ids,
+                    FileTime now, const Rule& rule) {
+    return kind == Selected::entries ? changeThese<TimeEntry>(transaction, stores, ids, now, rule)
+                                     : changeThese<ExpenseEntry>(transaction, stores, ids, now, rule);
 }
 
 template<typename Record>
@@ -59,12 +86,11 @@ bool togglePaidOf(Transaction& transaction, Stores& stores, std::span<const Reco
         return false;
     const bool allPaid =
         std::ranges::all_of(*records, [](const Record& record) { return record.status == EntryStatus::paid; });
-    return std::ranges::all_of(*records, [&](Record& record) {
-        record.status = allPaid ? EntryStatus::billed : EntryStatus::paid;
-        if (!allPaid)
-            record.paidDate = now;
-        record.modified = now;
-        return update(transaction, stores, record);
+    return changeAll(transaction, stores, *records, now, [allPaid, now](TimeEntry& entry) {
+        if (allPaid)
+            store::markUnpaid(entry);
+        else
+            store::markPaid(entry, now);
     });
 }
 
@@ -72,13 +98,22 @@ bool togglePaidOf(Transaction& transaction, Stores& stores, std::span<const Reco
 
 bool toggleBilled(Transaction& transaction, Stores& stores, Selected kind, std::span<const RecordId> ids,
                   FileTime now) {
-    return kind == Selected::entries ? toggleBilledOf<TimeEntry>(transaction, stores, ids, now)
-                                     : toggleBilledOf<ExpenseEntry>(transaction, stores, ids, now);
+    return changeSelected(transaction, stores, kind, ids, now, store::toggleBilled);
 }
 
 bool togglePaid(Transaction& transaction, Stores& stores, Selected kind, std::span<const RecordId> ids, FileTime now) {
     return kind == Selected::entries ? togglePaidOf<TimeEntry>(transaction, stores, ids, now)
                                      : togglePaidOf<ExpenseEntry>(transaction, stores, ids, now);
+}
+
+bool markPaid(Transaction& transaction, Stores& stores, Selected kind, std::span<const RecordId> ids, FileTime paidDate,
+              FileTime now) {
+    return changeSelected(transaction, stores, kind, ids, now,
+                          [paidDate](TimeEntry& entry) { store::markPaid(entry, paidDate); });
+}
+
+bool markUnpaid(Transaction& transaction, Stores& stores, Selected kind, std::span<const RecordId> ids, FileTime now) {
+    return changeSelected(transaction, stores, kind, ids, now, store::markUnpaid);
 }
 
 bool deleteRecords(Transaction& transaction, Stores& stores, Selected kind, std::span<const RecordId> ids) {

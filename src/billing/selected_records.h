@@ -21,6 +21,12 @@ enum class Selected : std::uint8_t { entries, expenses };
 [[nodiscard]] bool togglePaid(platform::Transaction& transaction, store::Stores& stores, Selected kind,
                               std::span<const store::RecordId> ids, platform::FileTime now);
 
+/// Makes the records paid ones of that date, or paid ones billed again, whatever they are.
+[[nodiscard]] bool markPaid(platform::Transaction& transaction, store::Stores& stores, Selected kind,
+                            std::span<const store::RecordId> ids, platform::FileTime paidDate, platform::FileTime now);
+[[nodiscard]] bool markUnpaid(platform::Transaction& transaction, store::Stores& stores, Selected kind,
+                              std::span<const store::RecordId> ids, platform::FileTime now);
+
 /// Deletes the records.
 [[nodiscard]] bool deleteRecords(platform::Transaction& transaction, store::Stores& stores, Selected kind,
                                  std::span<const store::RecordId> ids);

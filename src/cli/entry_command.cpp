@@ -11,6 +11,7 @@ namespace hourwright::cli {
 namespace {
 
 using billing::EntryDraft;
+using billing::Selected;
 using store::TimeEntry;
 
 // Checks the draft and takes it over into the entry.
@@ -72,32 +73,36 @@ ExitCode entryEdit(Session& session, const Arguments& arguments) {
 }
 
 ExitCode entryDelete(Session& session, const Arguments& arguments) {
-    return forEachEntry(session, arguments, resources::history::deleteEntries,
-                        [&](platform::Transaction& transaction, store::Stores& stores, TimeEntry&) {
-                            return stores.entries().deleteCurrent(transaction);
-                        });
+    return changeRecords(session, arguments, resources::history::deleteEntries, Selected::entries,
+                         [](auto& transaction, auto& stores, auto ids) {
+                             return billing::deleteRecords(transaction, stores, Selected::entries, ids);
+                         });
 }
 
 ExitCode entryToggleBilled(Session& session, const Arguments& arguments) {
-    return changeEntries(session, arguments, resources::history::toggleBilled,
-                         [](TimeEntry& entry) { store::toggleBilled(entry); });
+    return changeRecords(session, arguments, resources::history::toggleBilled, Selected::entries,
+                         [now = session.clock().now()](auto& transaction, auto& stores, auto ids) {
+                             return billing::toggleBilled(transaction, stores, Selected::entries, ids, now);
+                         });
 }
 
 ExitCode entryPay(Session& session, const Arguments& arguments) {
-    platform::FileTime paidDate = session.clock().now();
-    if (const auto text = arguments.value(option::paidDate).value_or(""); !text.empty()) {
-        const auto given = paidDateOf(session, text);
-        if (!given)
-            return ExitCode::refused;
-        paidDate = *given;
-    }
-    return changeEntries(session, arguments, resources::history::markPaid,
-                         [paidDate](TimeEntry& entry) { store::markPaid(entry, paidDate); });
+    const platform::FileTime now = session.clock().now();
+    const auto text = arguments.value(option::paidDate).value_or("");
+    const auto paidDate = text.empty() ? std::optional(now) : paidDateOf(session, text);
+    if (!paidDate)
+        return ExitCode::refused;
+    return changeRecords(session, arguments, resources::history::markPaid, Selected::entries,
+                         [paidDate, now](auto& transaction, auto& stores, auto ids) {
+                             return billing::markPaid(transaction, stores, Selected::entries, ids, *paidDate, now);
+                         });
 }
 
 ExitCode entryUnpay(Session& session, const Arguments& arguments) {
-    return changeEntries(session, arguments, resources::history::markUnpaid,
-                         [](TimeEntry& entry) { store::markUnpaid(entry); });
+    return changeRecords(session, arguments, resources::history::markUnpaid, Selected::entries,
+                         [now = session.clock().now()](auto& transaction, auto& stores, auto ids) {
+                             return billing::markUnpaid(transaction, stores, Selected::entries, ids, now);
+                         });
 }
 
 } // namespace hourwright::cli

@@ -65,14 +65,10 @@ ExitCode expenseEdit(Session& session, const Arguments& arguments) {
 }
 
 ExitCode expenseDelete(Session& session, const Arguments& arguments) {
-    const auto remove = [&](platform::Transaction& transaction, store::Stores& stores,
-                            store::RecordId id) -> std::optional<ExitCode> {
-        if (!seekRecord(session, stores.expenses(), id, "expense"))
-            return ExitCode::refused;
-        const bool deleted = stores.expenses().deleteCurrent(transaction);
-        return deleted ? std::nullopt : std::optional(session.fail(stores.expenses().lastError()));
-    };
-    return forEachRecordId(session, arguments, resources::history::deleteExpenses, remove);
+    return changeRecords(session, arguments, resources::history::deleteExpenses, billing::Selected::expenses,
+                         [](auto& transaction, auto& stores, auto ids) {
+                             return billing::deleteRecords(transaction, stores, billing::Selected::expenses, ids);
+                         });
 }
 
 } // namespace hourwright::cli

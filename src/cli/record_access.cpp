@@ -2,7 +2,8 @@
 
 #include "cli/joined.h"
 
-#include <set>
+#include <algorithm>
+#include <vector>
 
 namespace hourwright::cli {
 
@@ -24,23 +25,27 @@ bool seekRecord(Session& session, store::RecordStore& records, RecordId id, std:
 }
 
 ExitCode
-forEachRecordId(Session& session, const Arguments& arguments, const resources::Text& name,
-                const std::function<std::optional<ExitCode>(platform::Transaction&, store::Stores&, RecordId)>& work) {
+changeRecords(Session& session, const Arguments& arguments, const resources::Text& name, billing::Selected kind,
+              const std::function<bool(platform::Transaction&, store::Stores&, std::span<const RecordId>)>& change) {
     store::Stores* const stores = session.stores();
     if (!stores)
         return ExitCode::refused;
     const auto transaction = session.begin(name);
     if (!transaction)
         return session.failWrite();
-    std::set<RecordId> done;
+    const bool entries = kind == billing::Selected::entries;
+    store::RecordStore& records = entries ? stores->entries() : stores->expenses();
+    std::vector<RecordId> ids;
     for (const std::string_view text : arguments.positionals()) {
         const RecordId id = recordIdOf(text);
-        if (!done.insert(id).second)
+        if (std::ranges::find(ids, id) != ids.end())
             continue;
-        if (const auto failure = work(*transaction, *stores, id))
-            return *failure;
+        if (!seekRecord(session, records, id, entries ? "entry" : "expense"))
+            return ExitCode::refused;
+        ids.push_back(id);
     }
-    return transaction->commit() ? ExitCode::done : session.failWrite();
+    return change(*transaction, *stores, ids) && transaction->commit() ? ExitCode::done
+                                                                       : session.fail(records.lastError());
 }
 
 } // namespace hourwright::cli

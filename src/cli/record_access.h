@@ -1,10 +1,11 @@
 #pragma once
 
+#include "billing/selected_records.h"
 #include "cli/session.h"
 #include "store/stores.h"
 
 #include <functional>
-#include <optional>
+#include <span>
 #include <string_view>
 
 namespace hourwright::cli {
@@ -16,10 +17,10 @@ namespace hourwright::cli {
 /// `what` names it for people.
 [[nodiscard]] bool seekRecord(Session& session, store::RecordStore& records, store::RecordId id, std::string_view what);
 
-/// Works on each record id that the positional arguments name, once each and in one transaction of that name: the first
-/// failure, which `work` has shown and returns, takes everything back.
-[[nodiscard]] ExitCode forEachRecordId(
-    Session& session, const Arguments& arguments, const resources::Text& name,
-    const std::function<std::optional<ExitCode>(platform::Transaction&, store::Stores&, store::RecordId)>& work);
+/// Changes the records that the positional arguments name, each once, in one transaction of that name. A failure, or an
+/// id that is no record's, takes everything back.
+[[nodiscard]] ExitCode changeRecords(
+    Session& session, const Arguments& arguments, const resources::Text& name, billing::Selected kind,
+    const std::function<bool(platform::Transaction&, store::Stores&, std::span<const store::RecordId>)>& change);
 
 } // namespace hourwright::cli

@@ -71,6 +71,22 @@ TEST_F(SelectedRecordsTest, MarksPaidAndTakesThatBackOnlyWhenAllArePaid) {
     }
 }
 
+TEST_F(SelectedRecordsTest, MarksPaidOnADayAndUnpaidWhateverTheStatus) {
+    const std::vector ids = {add(EntryStatus::nonBillable), add(EntryStatus::paid)};
+    const platform::FileTime day{now.ticks - 1000};
+    change([&](platform::Transaction& t) { EXPECT_TRUE(markPaid(t, stores(), Selected::entries, ids, day, now)); });
+    for (const RecordId id : ids) {
+        EXPECT_EQ(entry(id).status, EntryStatus::paid);
+        EXPECT_EQ(entry(id).paidDate, day);
+        EXPECT_EQ(entry(id).modified, now);
+    }
+    change([&](platform::Transaction& t) { EXPECT_TRUE(markUnpaid(t, stores(), Selected::entries, ids, now)); });
+    for (const RecordId id : ids) {
+        EXPECT_EQ(entry(id).status, EntryStatus::billed);
+        EXPECT_EQ(entry(id).paidDate, day);
+    }
+}
+
 TEST_F(SelectedRecordsTest, DeletesWhatIsStillThere) {
     const RecordId kept = add(EntryStatus::billed);
     const std::vector ids = {add(EntryStatus::billed), add(EntryStatus::billed)};
