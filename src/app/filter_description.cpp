@@ -4,6 +4,7 @@
 #include "resources/texts/filters.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <string_view>
 #include <vector>
 
@@ -82,6 +83,37 @@ std::u16string rangeWords(const ViewFilter& filter, const platform::Locale& loca
     return first == last ? first : first + u" – " + last;
 }
 
+// What only one kind of records has.
+void addOwn(Line& line, const EntryFilter& filter) {
+    if (filter.rateType != EntryFilter::anyRateType)
+        line.add(nameOf(rateTypeNames, words::wordRateType, filter.rateType));
+}
+
+void addOwn(Line& line, const ExpenseFilter& filter) {
+    if (filter.type != ExpenseFilter::anyType)
+        line.add(nameOf(expenseTypeNames, words::wordExpenseType, static_cast<std::uint16_t>(filter.type)));
+    if (filter.receipt <= ExpenseFilter::withReceipt)
+        line.add(filter.receipt == ExpenseFilter::withReceipt ? words::withReceipt.text : words::withoutReceipt.text);
+}
+
+template<typename Filter>
+struct TextCondition {
+    std::u16string_view word;
+    std::u16string Filter::*value;
+};
+
+template<typename Filter>
+std::u16string describe(const Filter& filter, const platform::Locale& locale,
+                        std::initializer_list<TextCondition<Filter>> texts) {
+    Line line;
+    for (const auto& [word, value] : texts)
+        line.add(word, filter.*value);
+    addOwn(line, filter);
+    line.add(statusWords(filter));
+    line.add(rangeWords(filter, locale));
+    return line.text();
+}
+
 } // namespace
 
 std::u16string_view statusName(EntryStatus status) {
@@ -91,40 +123,28 @@ std::u16string_view statusName(EntryStatus status) {
 
 std::u16string describeFilter(const EntryFilter& filter, const std::array<std::u16string, 3>& captions,
                               const platform::Locale& locale) {
-    Line line;
-    line.add(words::wordClient.text, filter.client);
-    line.add(words::wordProject.text, filter.project);
-    line.add(words::wordPhase.text, filter.phase);
-    line.add(words::wordTask.text, filter.task);
-    line.add(words::wordBillTo.text, filter.billTo);
-    line.add(words::wordCurrency.text, filter.currency);
-    line.add(captions[0], filter.custom1);
-    line.add(captions[1], filter.custom2);
-    line.add(captions[2], filter.custom3);
-    if (filter.rateType != EntryFilter::anyRateType)
-        line.add(nameOf(rateTypeNames, words::wordRateType, filter.rateType));
-    line.add(statusWords(filter));
-    line.add(rangeWords(filter, locale));
-    return line.text();
+    return describe(filter, locale,
+                    {{words::wordClient.text, &EntryFilter::client},
+                     {words::wordProject.text, &EntryFilter::project},
+                     {words::wordPhase.text, &EntryFilter::phase},
+                     {words::wordTask.text, &EntryFilter::task},
+                     {words::wordBillTo.text, &EntryFilter::billTo},
+                     {words::wordCurrency.text, &EntryFilter::currency},
+                     {captions[0], &EntryFilter::custom1},
+                     {captions[1], &EntryFilter::custom2},
+                     {captions[2], &EntryFilter::custom3}});
 }
 
 std::u16string describeFilter(const ExpenseFilter& filter, const std::array<std::u16string, 2>& captions,
                               const platform::Locale& locale) {
-    Line line;
-    line.add(words::wordClient.text, filter.client);
-    line.add(words::wordProject.text, filter.project);
-    line.add(words::wordCategory.text, filter.category);
-    line.add(words::wordCurrency.text, filter.currency);
-    line.add(words::wordBillTo.text, filter.billTo);
-    line.add(captions[0], filter.custom1);
-    line.add(captions[1], filter.custom2);
-    if (filter.type != ExpenseFilter::anyType)
-        line.add(nameOf(expenseTypeNames, words::wordExpenseType, static_cast<std::uint16_t>(filter.type)));
-    if (filter.receipt <= ExpenseFilter::withReceipt)
-        line.add(filter.receipt == ExpenseFilter::withReceipt ? words::withReceipt.text : words::withoutReceipt.text);
-    line.add(statusWords(filter));
-    line.add(rangeWords(filter, locale));
-    return line.text();
+    return describe(filter, locale,
+                    {{words::wordClient.text, &ExpenseFilter::client},
+                     {words::wordProject.text, &ExpenseFilter::project},
+                     {words::wordCategory.text, &ExpenseFilter::category},
+                     {words::wordCurrency.text, &ExpenseFilter::currency},
+                     {words::wordBillTo.text, &ExpenseFilter::billTo},
+                     {captions[0], &ExpenseFilter::custom1},
+                     {captions[1], &ExpenseFilter::custom2}});
 }
 
 } // namespace hourwright::app
