@@ -21,22 +21,23 @@ struct LocaleOrder {
 struct Node {
     explicit Node(const platform::Locale& locale) : children(LocaleOrder{&locale}) {}
 
-    void add(double moreHours, double moreAmount) {
+    void add(double moreHours, const std::u16string& currency, double moreAmount) {
         hours += moreHours;
-        amount += moreAmount;
+        if (moreAmount != 0.0)
+            amounts[currency] += moreAmount;
     }
     Node& child(const std::u16string& name) {
         return children.try_emplace(name, *children.key_comp().locale).first->second;
     }
 
     double hours = 0.0;
-    double amount = 0.0;
+    Amounts amounts;
     std::map<std::u16string, Node, LocaleOrder> children;
 };
 
 void addRows(std::vector<BreakdownRow>& rows, const Node& parent, int level) {
     for (const auto& [name, node] : parent.children) {
-        rows.push_back({name, level, node.hours, node.amount});
+        rows.push_back({name, level, node.hours, node.amounts});
         addRows(rows, node, level + 1);
     }
 }
@@ -52,18 +53,32 @@ std::optional<Breakdown> breakDown(store::RecordStore& entries, const EntrySelec
         Node& task = project.child(entry.task);
         const double amount = billableAmountOf(entry, rules);
         for (Node* const node : {&root, &client, &project, &task})
-            node->add(hoursOf(entry), amount);
+            node->add(hoursOf(entry), entry.currency, amount);
     });
     if (!read)
         return std::nullopt;
-    Breakdown breakdown{.hours = root.hours, .amount = root.amount, .rows = {}};
+    Breakdown breakdown{.hours = root.hours, .amounts = root.amounts, .rows = {}};
     addRows(breakdown.rows, root, 0);
     return breakdown;
 }
 
-std::u16string percentText(double part, double whole) {
+double partOf(double part, double whole) {
+    return whole == 0.0 ? 0.0 : part / whole;
+}
+
+std::optional<double> partOf(const Amounts& part, const Amounts& whole) {
+    if (part.size() > 1)
+        return std::nullopt;
+    if (part.empty())
+        return 0.0;
+    const auto& [currency, amount] = *part.begin();
+    const auto all = whole.find(currency);
+    return all == whole.end() ? 0.0 : partOf(amount, all->second);
+}
+
+std::u16string percentText(double part) {
     std::u16string text;
-    platform::appendFixedDecimals(text, whole == 0.0 ? 0.0 : part / whole * 100.0, 1);
+    platform::appendFixedDecimals(text, part * 100.0, 1);
     return text + u'%';
 }
 

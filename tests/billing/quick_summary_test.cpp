@@ -56,14 +56,32 @@ TEST_F(QuickSummaryTest, BreaksDownByClientProjectAndTask) {
     const auto breakdown = breakDown(stores().entries(), {}, {}, *locale_);
     ASSERT_TRUE(breakdown);
     EXPECT_EQ(breakdown->hours, 5.0);
-    EXPECT_EQ(breakdown->amount, 45.0);
+    EXPECT_EQ(breakdown->amounts, (Amounts{{u"", 45.0}}));
+    const auto money = [](double amount) { return Amounts{{u"", amount}}; };
     const std::vector<BreakdownRow> expected = {
-        {u"acme", 0, 4.0, 35.0},  {u"Dam", 1, 2.0, 15.0},  {u"Dig", 2, 1.5, 15.0},
-        {u"Fill", 2, 0.5, 0.0},   {u"Weir", 1, 2.0, 20.0}, {u"Dig", 2, 2.0, 20.0},
-        {u"Zebra", 0, 1.0, 10.0}, {u"", 1, 1.0, 10.0},     {u"", 2, 1.0, 10.0},
+        {u"acme", 0, 4.0, money(35.0)},  {u"Dam", 1, 2.0, money(15.0)},  {u"Dig", 2, 1.5, money(15.0)},
+        {u"Fill", 2, 0.5, {}},           {u"Weir", 1, 2.0, money(20.0)}, {u"Dig", 2, 2.0, money(20.0)},
+        {u"Zebra", 0, 1.0, money(10.0)}, {u"", 1, 1.0, money(10.0)},     {u"", 2, 1.0, money(10.0)},
     };
     EXPECT_EQ(breakdown->rows, expected);
     EXPECT_TRUE(breakDown(stores().entries(), selected(1, 3), {}, *locale_)->rows.empty());
+}
+
+TEST_F(QuickSummaryTest, NeverAddsUpDifferentCurrencies) {
+    insert({.date = november(7),
+            .client = u"Zebra",
+            .duration = 100,
+            .status = EntryStatus::billable,
+            .currency = u"EUR",
+            .rate = 700});
+    const auto breakdown = breakDown(stores().entries(), {}, {}, *locale_);
+    ASSERT_TRUE(breakdown);
+    const Amounts all{{u"", 45.0}, {u"EUR", 7.0}};
+    EXPECT_EQ(breakdown->amounts, all);
+    EXPECT_EQ(breakdown->rows[6].amounts, (Amounts{{u"", 10.0}, {u"EUR", 7.0}})) << "Zebra";
+    EXPECT_EQ(partOf(breakdown->rows[0].amounts, all), 35.0 / 45.0) << "of its currency";
+    EXPECT_EQ(partOf(breakdown->rows[6].amounts, all), std::nullopt);
+    EXPECT_EQ(partOf(Amounts{}, all), 0.0);
 }
 
 TEST(PercentText, HasOneDecimalAndNoPartOfNothing) {
@@ -76,7 +94,7 @@ TEST(PercentText, HasOneDecimalAndNoPartOfNothing) {
         {1.0, 3.0, u"33.3%"}, {2.0, 3.0, u"66.7%"}, {5.0, 5.0, u"100.0%"}, {0.0, 5.0, u"0.0%"}, {0.0, 0.0, u"0.0%"},
     };
     for (const PercentCase& c : cases)
-        EXPECT_EQ(percentText(c.part, c.whole), c.text) << c.part << " of " << c.whole;
+        EXPECT_EQ(percentText(partOf(c.part, c.whole)), c.text) << c.part << " of " << c.whole;
 }
 
 } // namespace

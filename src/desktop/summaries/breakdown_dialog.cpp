@@ -1,5 +1,6 @@
 #include "desktop/summaries/breakdown_dialog.h"
 
+#include "app/view_totals.h"
 #include "billing/summary_row.h"
 #include "desktop/screen_size.h"
 #include "platform/qt/qt_text.h"
@@ -42,10 +43,6 @@ public:
         QStyledItemDelegate::paint(painter, option, index);
     }
 };
-
-double partOf(double part, double whole) {
-    return whole > 0.0 ? part / whole : 0.0;
-}
 
 } // namespace
 
@@ -93,7 +90,7 @@ void BreakdownDialog::fill(const billing::Breakdown& breakdown) {
         item->setExpanded(level == 0);
     }
     auto* total = new QTreeWidgetItem(tree_);
-    setRow(*total, {std::u16string(exports::total.text), 0, breakdown.hours, breakdown.amount}, breakdown);
+    setRow(*total, {std::u16string(exports::total.text), 0, breakdown.hours, breakdown.amounts}, breakdown);
     QFont bold = total->font(nameColumn);
     bold.setBold(true);
     for (int column = 0; column < columnCount; ++column)
@@ -106,11 +103,18 @@ void BreakdownDialog::setRow(QTreeWidgetItem& item, const billing::BreakdownRow&
     };
     item.setText(nameColumn, row.name.empty() ? toQString(exports::noName) : toQString(row.name));
     item.setText(hoursColumn, number(row.hours));
-    item.setText(hoursPartColumn, toQString(billing::percentText(row.hours, whole.hours)));
-    item.setText(amountColumn, number(row.amount));
-    item.setText(amountPartColumn, toQString(billing::percentText(row.amount, whole.amount)));
-    item.setData(hoursPartColumn, partRole, partOf(row.hours, whole.hours));
-    item.setData(amountPartColumn, partRole, partOf(row.amount, whole.amount));
+    const auto setPart = [&item](int column, double part) {
+        item.setText(column, toQString(billing::percentText(part)));
+        item.setData(column, partRole, part);
+    };
+    setPart(hoursPartColumn, billing::partOf(row.hours, whole.hours));
+    if (whole.amounts.size() > 1)
+        item.setText(amountColumn,
+                     toQString(app::amountsText(app::ViewTotals{.amounts = row.amounts}, workspace().locale())));
+    else
+        item.setText(amountColumn, number(row.amounts.empty() ? 0.0 : row.amounts.begin()->second));
+    if (const auto part = billing::partOf(row.amounts, whole.amounts))
+        setPart(amountPartColumn, *part);
     for (int column = hoursColumn; column < columnCount; ++column)
         item.setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
 }
