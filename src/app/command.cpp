@@ -1,6 +1,7 @@
 #include "app/command.h"
 
 #include "app/arrange.h"
+#include "billing/timer_set.h"
 #include "platform/message_box.h"
 #include "resources/strings.h"
 #include "resources/texts/menus.h"
@@ -117,6 +118,13 @@ CommandState forEntriesOnly(const resources::Text& text, const ViewState& state,
     return {.visible = state.records == RecordKind::entries, .enabled = enabled, .text = std::u16string(text.text)};
 }
 
+// A text of the user's for a menu: "&" in it is no mnemonic.
+std::u16string withoutMnemonic(std::u16string text) {
+    for (std::size_t at = text.find(u'&'); at != text.npos; at = text.find(u'&', at + 2))
+        text.insert(at, 1, u'&');
+    return text;
+}
+
 CommandState withName(const resources::Text& text, const std::u16string& name) {
     CommandState state = enabledWhen(text, !name.empty());
     if (!name.empty())
@@ -147,8 +155,9 @@ CommandState selectionState(Command command, const ViewState& state) {
     switch (command) {
     case Command::edit:
     case Command::createCopy: return enabledWhen(text, state.selected == 1);
-    case Command::copyTo:
     case Command::createNewTimer:
+        return forEntriesOnly(text, state, state.selected == 1 && state.timersInUse < billing::TimerSet::slotCount);
+    case Command::copyTo:
     case Command::selectionSummary: return forEntriesOnly(text, state, state.selected == 1);
     default: return enabledWhen(text, state.selected > 0);
     }
@@ -203,7 +212,7 @@ std::u16string arrangeText(std::size_t index, const ViewState& state) {
     const Choices& choices = state.records == RecordKind::entries ? ofEntries : ofExpenses;
     if (index < choices.fixedCount)
         return std::u16string(choices.fixed[index].text);
-    return index < choices.count ? state.customLabels[index - choices.fixedCount] : std::u16string();
+    return index < choices.count ? withoutMnemonic(state.customLabels[index - choices.fixedCount]) : std::u16string();
 }
 
 CommandState commandState(Command command, const ViewState& state) {

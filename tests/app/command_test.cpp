@@ -38,8 +38,10 @@ TEST(Commands, FollowTheView) {
     undo.undoName = u"Add Entry";
     ViewState timers = week;
     timers.timersInUse = 3;
+    ViewState allTimers = one;
+    allTimers.timersInUse = 4;
     ViewState labels = week;
-    labels.customLabels = {u"Order", u"", u""};
+    labels.customLabels = {u"Order", u"R&D", u""};
     labels.arrangedBy = 6;
     ViewState unpaid = week;
     unpaid.filterActive = true;
@@ -52,7 +54,9 @@ TEST(Commands, FollowTheView) {
         {"no timer from an expense",
          Command::createNewTimer,
          expenses,
-         {.visible = false, .enabled = false, .text = u"Create New Ti&mer..."}},
+         {.visible = false, .enabled = false, .text = u"Create Ne&w Timer..."}},
+        {"a timer", Command::createNewTimer, one, {.text = u"Create Ne&w Timer..."}},
+        {"no fifth timer", Command::createNewTimer, allTimers, {.enabled = false, .text = u"Create Ne&w Timer..."}},
         {"week", Command::viewWeek, week, {.checkable = true, .checked = true, .text = u"&Week"}},
         {"next", Command::nextPeriod, week, {.text = u"&Next Period"}},
         {"a custom period stays", Command::nextPeriod, custom, {.enabled = false, .text = u"&Next Period"}},
@@ -64,6 +68,7 @@ TEST(Commands, FollowTheView) {
         {"undo", Command::undo, undo, {.text = u"&Undo Add Entry"}},
         {"timers", Command::timers, timers, {.text = u"Timers... (3)"}},
         {"by a custom field", Command::arrange6, labels, {.checkable = true, .checked = true, .text = u"Order"}},
+        {"a caption with an ampersand", Command::arrange7, labels, {.checkable = true, .text = u"R&&D"}},
         {"no ninth choice of expenses", Command::arrange8, expenses, {.visible = false, .checkable = true}},
         {"expenses by category", Command::arrange3, expenses, {.checkable = true, .text = u"C&ategory"}},
         {"everything is shown", Command::filterAll, week, {.checkable = true, .checked = true, .text = u"Show &All"}},

@@ -23,7 +23,7 @@ inline constexpr Text newMileageExpense{10022, u"New &Mileage Expense..."};
 inline constexpr Text editEntry{10023, u"&Edit..."};
 inline constexpr Text createCopy{10024, u"&Create Copy..."};
 inline constexpr Text copyTo{10025, u"Copy Entry &To..."};
-inline constexpr Text createNewTimer{10026, u"Create New Ti&mer..."};
+inline constexpr Text createNewTimer{10026, u"Create Ne&w Timer..."};
 inline constexpr Text markBilled{10027, u"Mark As &Billed"};
 inline constexpr Text markPaid{10028, u"Mark As &Paid"};
 inline constexpr Text deleteSelected{10029, u"&Delete"};
@@ -33,7 +33,7 @@ inline constexpr Text quit{10031, u"&Quit"};
 inline constexpr Text undo{10040, u"&Undo"};
 inline constexpr Text redo{10041, u"&Redo"};
 inline constexpr Text history{10042, u"&History..."};
-inline constexpr Text copyText{10043, u"&Copy as Text"};
+inline constexpr Text copyText{10043, u"Cop&y as Text"};
 inline constexpr Text selectAll{10044, u"Select &All"};
 inline constexpr Text find{10045, u"&Find..."};
 

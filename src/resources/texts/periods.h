@@ -30,7 +30,7 @@ inline constexpr Text emptyHint{10241,
                                 u"Set up a client with its rates, record your first hours, or look around in made-up "
                                 u"records first."};
 inline constexpr Text addClient{10242, u"Add a &Client..."};
-inline constexpr Text addEntry{10243, u"Add a Time &Entry..."};
+inline constexpr Text addEntry{10243, u"Add a T&ime Entry..."};
 inline constexpr Text loadDemo{10244, u"&Load the Demo"};
 inline constexpr Text demoLoaded{10245, u"Load the Demo"};
 
