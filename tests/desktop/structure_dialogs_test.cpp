@@ -177,6 +177,27 @@ TEST_F(StructureDialogsTest, MigratesWhatIsChecked) {
                               "Bolt > Bridge > Survey", "Bolt > Bridge > Design", "Bolt > task Travel"}));
 }
 
+TEST_F(StructureDialogsTest, SummarisesWhatIsSelected) {
+    ClientSetupDialog dialog(workspace(), nullptr);
+    const std::pair<const char*, QStringList> cases[] = {{"Acme", {"Acme", "[Any]", "[Any]"}},
+                                                         {"Bridge", {"Acme", "Bridge", "[Any]"}},
+                                                         {"Design", {"Acme", "Bridge", "Design"}},
+                                                         {"Travel", {"Acme", "[Any]", "Travel"}}};
+    for (const auto& [name, chosen] : cases) {
+        select(dialog, name);
+        const auto summary = dialog.summaryDialog();
+        ASSERT_NE(summary, nullptr) << name;
+        QStringList shown;
+        for (const auto* box : summary->findChildren<QComboBox*>())
+            shown.append(box->currentText());
+        EXPECT_EQ(shown, chosen) << name;
+    }
+    for (const char* name : {"Ms Lind", "Standard", "(Default Rates)"}) {
+        select(dialog, name);
+        EXPECT_EQ(dialog.summaryDialog(), nullptr) << name;
+    }
+}
+
 TEST_F(StructureDialogsTest, TheTreeKeepsItsPlaceAndFindsWhatIsTyped) {
     ClientSetupDialog dialog(workspace(), nullptr);
     dialog.show();

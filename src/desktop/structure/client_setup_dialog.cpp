@@ -2,10 +2,10 @@
 
 #include "desktop/structure/button_column.h"
 #include "desktop/structure/migrate_dialog.h"
-#include "desktop/structure/name_dialog.h"
 #include "desktop/structure/rate_dialog.h"
-#include "desktop/structure/structure_names.h"
+#include "desktop/structure/structure_dialogs.h"
 #include "desktop/structure/structure_tree.h"
+#include "desktop/summaries/summary_dialog.h"
 #include "platform/qt/qt_text.h"
 #include "resources/texts/structure.h"
 #include "store/client_tree.h"
@@ -61,6 +61,7 @@ void ClientSetupDialog::build() {
     editButton_ = column.add(texts::edit, [this] { run(editDialog()); });
     deleteButton_ = column.add(texts::remove, [this] { deleteSelected(); });
     migrateButton_ = column.add(texts::migrate, [this] { run(migrateDialog()); });
+    summaryButton_ = column.add(texts::summary, [this] { run(summaryDialog()); });
     addKey(Qt::Key_Insert, [this] { addButton_->showMenu(); });
     addKey(Qt::Key_F2, [this] { run(editDialog()); });
     addKey(Qt::Key_Delete, [this] { deleteSelected(); });
@@ -97,6 +98,8 @@ void ClientSetupDialog::showMenu(QPoint position) {
     add(editButton_);
     add(deleteButton_);
     add(migrateButton_);
+    menu.addSeparator();
+    add(summaryButton_);
     menu.exec(tree_->viewport()->mapToGlobal(position));
 }
 
@@ -121,6 +124,7 @@ void ClientSetupDialog::updateButtons() {
     editButton_->setEnabled(changeable);
     deleteButton_->setEnabled(changeable);
     migrateButton_->setEnabled(ofClient);
+    summaryButton_->setEnabled(row && client && scopeOf(*row, client->name));
 }
 
 std::unique_ptr<Dialog> ClientSetupDialog::addDialog(StructureKind kind) {
@@ -134,24 +138,9 @@ std::unique_ptr<Dialog> ClientSetupDialog::addDialog(StructureKind kind) {
                              .clientId = isClient ? 0 : client->clientId,
                              .project = isProjectTask ? *project : std::u16string(),
                              .name = {}};
-    const QString owner = isClient ? QString() : toQString(isProjectTask ? *project : client->name);
-    const QString title =
-        isClient ? toQString(texts::newClientTitle) : toQString(texts::newTitle).arg(kindText(kind), owner);
-    auto dialog = std::make_unique<NameDialog>(workspace(), title, texts::nameLabel, anchor, this);
-    dialog->check = [this, item](const std::u16string& name) {
-        return billing::checkNewName(workspace().stores(), item, name);
-    };
-    dialog->accepted = [this, item](const std::u16string& name) {
-        StructureItem added = item;
-        const bool done =
-            workspace().change(undoText(texts::undoAdd, item.kind), [&](platform::Transaction& transaction) {
-                return billing::addItem(transaction, workspace().stores(), added, name);
-            });
-        if (done)
-            tree_->selectRow(added);
-        return done;
-    };
-    return dialog;
+    const std::u16string owner = isClient ? std::u16string() : isProjectTask ? *project : client->name;
+    return makeAddDialog(
+        workspace(), item, owner, [this](const StructureRow& row) { tree_->selectRow(row); }, this);
 }
 
 std::unique_ptr<Dialog> ClientSetupDialog::addRateDialog() {
@@ -172,34 +161,10 @@ std::unique_ptr<Dialog> ClientSetupDialog::editDialog() {
     if (const auto* rate = std::get_if<RateRecord>(&*row))
         return std::make_unique<RateDialog>(workspace(), *rate, tree_->currentClient()->name, this);
     const auto& item = std::get<StructureItem>(*row);
-    return item.clientId == 0 ? nullptr : renameDialog(item);
-}
-
-std::unique_ptr<Dialog> ClientSetupDialog::renameDialog(const StructureItem& item) {
-    auto dialog = std::make_unique<NameDialog>(workspace(), toQString(texts::renameTitle).arg(kindText(item.kind)),
-                                               texts::nameLabel, anchor, this);
-    dialog->setName(item.name);
-    dialog->addCheckBox(texts::carry, false);
-    dialog->check = [this, item](const std::u16string& name) {
-        return billing::checkNewName(workspace().stores(), item, name);
-    };
-    dialog->accepted = [this, item, box = dialog.get()](const std::u16string& name) {
-        if (name == item.name)
-            return true;
-        store::CarryEntries carry;
-        if (box->isChecked())
-            carry = workspace().clock().now();
-        const auto rename = [&](platform::Transaction& transaction) {
-            return billing::renameItem(transaction, workspace().stores(), item, name, carry);
-        };
-        if (!workspace().change(undoText(texts::undoRename, item.kind), rename))
-            return false;
-        StructureItem renamed = item;
-        renamed.name = name;
-        tree_->selectRow(renamed);
-        return true;
-    };
-    return dialog;
+    if (item.clientId == 0)
+        return nullptr;
+    return makeRenameDialog(
+        workspace(), item, [this](const StructureRow& renamed) { tree_->selectRow(renamed); }, this);
 }
 
 std::unique_ptr<Dialog> ClientSetupDialog::migrateDialog() {
@@ -209,6 +174,13 @@ std::unique_ptr<Dialog> ClientSetupDialog::migrateDialog() {
     return std::make_unique<MigrateDialog>(workspace(), client->clientId, this);
 }
 
+std::unique_ptr<Dialog> ClientSetupDialog::summaryDialog() {
+    const auto row = tree_->current();
+    const auto client = tree_->currentClient();
+    const auto scope = row && client ? scopeOf(*row, client->name) : std::nullopt;
+    return scope ? std::make_unique<ClientSummaryDialog>(workspace(), *scope, this) : nullptr;
+}
+
 void ClientSetupDialog::deleteSelected() {
     const auto row = tree_->current();
     if (!row)
@@ -216,16 +188,7 @@ void ClientSetupDialog::deleteSelected() {
     if (const auto* rate = std::get_if<RateRecord>(&*row))
         deleteRate(workspace(), rate->id);
     else if (const auto& item = std::get<StructureItem>(*row); item.clientId != 0)
-        deleteItem(item);
-}
-
-void ClientSetupDialog::deleteItem(const StructureItem& item) {
-    const billing::StructureNode node = billing::nodeOf(item);
-    if (!billing::askToDelete(workspace().messages(), node))
-        return;
-    workspace().change(undoText(texts::undoDelete, item.kind), [&](platform::Transaction& transaction) {
-        return billing::deleteNode(transaction, workspace().stores(), node);
-    });
+        askAndDelete(workspace(), item);
 }
 
 void ClientSetupDialog::run(std::unique_ptr<Dialog> dialog) {

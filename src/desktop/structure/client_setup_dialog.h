@@ -13,7 +13,6 @@ class QPushButton;
 
 namespace hourwright::desktop {
 
-class NameDialog;
 class StructureTree;
 
 /// The client structure as a tree in which everything can be found, added, renamed, deleted and handed to another
@@ -30,6 +29,7 @@ public:
     [[nodiscard]] std::unique_ptr<Dialog> addRateDialog();
     [[nodiscard]] std::unique_ptr<Dialog> editDialog();
     [[nodiscard]] std::unique_ptr<Dialog> migrateDialog();
+    [[nodiscard]] std::unique_ptr<Dialog> summaryDialog();
     void deleteSelected();
 
 private:
@@ -39,8 +39,6 @@ private:
     void reload();
     void updateButtons();
     void showMenu(QPoint position);
-    [[nodiscard]] std::unique_ptr<Dialog> renameDialog(const billing::StructureItem& item);
-    void deleteItem(const billing::StructureItem& item);
     static void run(std::unique_ptr<Dialog> dialog);
 
     QLineEdit* search_;
@@ -52,6 +50,7 @@ private:
     QPushButton* editButton_ = nullptr;
     QPushButton* deleteButton_ = nullptr;
     QPushButton* migrateButton_ = nullptr;
+    QPushButton* summaryButton_ = nullptr;
 };
 
 } // namespace hourwright::desktop

@@ -1,7 +1,5 @@
 #include "desktop/structure/structure_tree.h"
 
-#include "desktop/structure/rate_dialog.h"
-#include "platform/number_text.h"
 #include "platform/qt/qt_text.h"
 #include "resources/texts/structure.h"
 
@@ -20,38 +18,6 @@ namespace {
 
 constexpr int rowRole = Qt::UserRole;
 constexpr int keyRole = Qt::UserRole + 1;
-
-QString nameOf(const StructureRow& row) {
-    if (const auto* rate = std::get_if<RateRecord>(&row))
-        return toQString(rate->description);
-    const auto& item = std::get<StructureItem>(row);
-    return item.name.empty() ? toQString(texts::noProject) : toQString(item.name);
-}
-
-QString kindOf(const StructureRow& row) {
-    if (const auto* rate = std::get_if<RateRecord>(&row))
-        return rateTypeText(rate->type) + u' ' + QString::fromStdString(platform::hundredths(rate->rate));
-    const auto& item = std::get<StructureItem>(row);
-    switch (item.kind) {
-    case StructureKind::client: return item.clientId == 0 ? toQString(texts::ratesName) : toQString(texts::client);
-    case StructureKind::project: return toQString(texts::project);
-    case StructureKind::projectTask:
-    case StructureKind::task: return toQString(texts::task);
-    case StructureKind::contact: return toQString(texts::contact);
-    }
-    return {};
-}
-
-// Tells a row from its neighbours, also after it was read anew.
-QString keyOf(const StructureRow& row) {
-    if (const auto* rate = std::get_if<RateRecord>(&row))
-        return QString("rate %1").arg(static_cast<std::uint32_t>(rate->id));
-    const auto& item = std::get<StructureItem>(row);
-    if (item.kind == StructureKind::client)
-        return QString("client %1").arg(item.clientId);
-    return QString("%1 %2 ").arg(static_cast<int>(item.kind)).arg(item.clientId) + toQString(item.project) + u'\n' +
-           toQString(item.name);
-}
 
 // The row that is selected when this one goes: the next one of its parent, the one before, or the parent.
 QString neighbourOf(QTreeWidgetItem* item) {
@@ -123,11 +89,11 @@ QTreeWidgetItem* StructureTree::add(QTreeWidgetItem* parent, StructureRow row) {
     auto* item = parent != nullptr ? new QTreeWidgetItem(parent) : new QTreeWidgetItem(this);
     const bool isClient =
         std::holds_alternative<StructureItem>(row) && std::get<StructureItem>(row).kind == StructureKind::client;
-    item->setText(0, nameOf(row));
-    item->setText(1, kindOf(row));
+    item->setText(0, rowName(row));
+    item->setText(1, rowKind(row));
     item->setToolTip(0, item->text(0));
     item->setData(0, rowRole, static_cast<int>(rows_.size()));
-    item->setData(0, keyRole, keyOf(row));
+    item->setData(0, keyRole, rowKey(row));
     if (isClient) {
         QFont bold = font();
         bold.setBold(true);
@@ -201,7 +167,7 @@ bool StructureTree::filter(QTreeWidgetItem* item, bool aboveMatches) {
 }
 
 void StructureTree::selectRow(const StructureRow& row) {
-    selected_ = keyOf(row);
+    selected_ = rowKey(row);
     setCurrentItem(nullptr);
     restoreAll();
 }

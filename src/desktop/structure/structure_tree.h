@@ -1,19 +1,15 @@
 #pragma once
 
-#include "billing/structure_edit.h"
+#include "desktop/structure/structure_row.h"
 #include "store/client_tree.h"
 
 #include <QTreeWidget>
 #include <optional>
 #include <set>
 #include <span>
-#include <variant>
 #include <vector>
 
 namespace hourwright::desktop {
-
-/// What a row of the client tree stands for. The default rates are a client without id.
-using StructureRow = std::variant<billing::StructureItem, store::RateRecord>;
 
 /// The clients with all that belongs to them. Anew shown, it keeps what was expanded and selected; a search leaves the
 /// rows that have the text, with those above and below them. Letters typed into it go to the search.

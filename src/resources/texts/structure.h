@@ -15,6 +15,7 @@ inline constexpr Text edit{11106, u"&Edit..."};
 inline constexpr Text remove{11107, u"&Delete"};
 inline constexpr Text migrate{11108, u"&Migrate..."};
 inline constexpr Text noProject{11109, u"(no name)"};
+inline constexpr Text summary{11115, u"&Summary..."};
 
 inline constexpr Text client{11110, u"Client"};
 inline constexpr Text project{11111, u"Project"};
