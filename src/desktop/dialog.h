@@ -12,8 +12,9 @@ class QVBoxLayout;
 namespace hourwright::desktop {
 
 /// A modal window with OK, Cancel and Help. What stands between scrolls when the screen is too small for it; on a
-/// handheld the dialog fills the screen. F1 and the button open the manual at the dialog's anchor. A subclass fills
-/// `content`, and overrides `accept` to check what was typed: it calls `QDialog::accept` only when all is well.
+/// handheld the dialog fills the screen. F1 and the button open the manual at the dialog's anchor; Ctrl+Enter and
+/// Ctrl+S are OK from everywhere. A subclass fills `content`, and overrides `accept` to check what was typed: it calls
+/// `QDialog::accept` only when all is well.
 class Dialog : public QDialog {
     Q_OBJECT
 
@@ -36,6 +37,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void pressOk();
+
     Workspace& workspace_;
     std::string helpAnchor_;
     QVBoxLayout* content_;

@@ -68,8 +68,6 @@ void EntryDialog::addKeys() {
     };
     onKey("Ctrl+Tab", [this] { turnPage(1); });
     onKey("Ctrl+Shift+Tab", [this] { turnPage(-1); });
-    onKey("Ctrl+Return", [this] { accept(); });
-    onKey("Ctrl+Enter", [this] { accept(); });
 }
 
 void EntryDialog::connectPages() {

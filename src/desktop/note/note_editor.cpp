@@ -123,7 +123,7 @@ void NoteEditor::buildObjectButtons() {
         voice_->setRoom(billing::noteTooLargeFrom - std::min(used, billing::noteTooLargeFrom));
     });
     connect(voice_, &NoteVoice::recorded, this, [this](const exchange::VoiceClip& clip) { insertAtCursor(clip); });
-    auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return), text_);
+    auto* shortcut = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Return), text_);
     shortcut->setContext(Qt::WidgetShortcut);
     connect(shortcut, &QShortcut::activated, this, &NoteEditor::openAtCursor);
 }

@@ -200,7 +200,7 @@ TEST_F(NoteObjectsTest, DrawsIntoTheNoteAndOpensTheDrawingAgain) {
     EXPECT_EQ(first.strokes[0].points.size(), 2U);
     EXPECT_TRUE(first.picture);
 
-    QTest::keyClick(text_, Qt::Key_Return, Qt::ControlModifier);
+    QTest::keyClick(text_, Qt::Key_Return, Qt::AltModifier);
     auto* again = editor_.findChildren<InkDialog*>().constLast();
     ASSERT_NE(again, nullptr);
     drawLine(*again);
