@@ -1,10 +1,17 @@
+#include "desktop/background_run.h"
 #include "desktop/desktop_fixture.h"
 #include "desktop/exports/export_dialogs.h"
 #include "desktop/exports/export_note.h"
 #include "desktop/main_window.h"
 
+#include <QLabel>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTimer>
+#include <algorithm>
 #include <fstream>
 #include <iterator>
+#include <thread>
 
 namespace hourwright::desktop {
 namespace {
@@ -49,6 +56,57 @@ TEST_F(ExportTest, WritesTheViewToTheChosenFileAndOffersToOpenIt) {
     EXPECT_EQ(request.kinds[0].name, u"CSV Files (*.csv)");
     EXPECT_TRUE(messages().shown.empty());
     EXPECT_NE(window.findChild<QDialog*>(), nullptr);
+}
+
+TEST_F(ExportTest, LeavesTheKeyboardWhereItWas) {
+    MainWindow window(workspace());
+    window.show();
+    window.view().setFocus();
+    const QWidget* before = window.focusWidget();
+    ASSERT_NE(before, nullptr);
+    fileDialogs().choice = {.file = target()};
+    window.commands().run(Command::exportCsv);
+    EXPECT_EQ(window.focusWidget(), before);
+}
+
+TEST_F(ExportTest, IsCancelledByTheButtonOfItsProgress) {
+    MainWindow window(workspace());
+    window.show();
+    QTimer::singleShot(50, &window, [&window] {
+        auto* bar = window.findChild<QProgressDialog*>();
+        ASSERT_NE(bar, nullptr);
+        bar->findChild<QPushButton*>()->click();
+    });
+    bool cancelled = false;
+    runInBackground(&window, {.label = "Working", .mayCancel = true}, [&cancelled](BackgroundProgress& progress) {
+        for (int i = 0; i < 300 && !progress.cancelled; ++i)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+        cancelled = progress.cancelled;
+    });
+    EXPECT_TRUE(cancelled);
+}
+
+TEST_F(ExportTest, SaysWhenNothingOpensTheFile) {
+    ExportNote note(workspace(), target(), 2, nullptr);
+    note.show();
+    const auto press = [&note] {
+        for (auto* button : note.findChildren<QPushButton*>())
+            if (button->text() == "&Open")
+                button->click();
+    };
+    const auto labels = [&note] {
+        const auto all = note.findChildren<QLabel*>();
+        return std::ranges::count_if(all, [](const QLabel* label) { return label->isVisible(); });
+    };
+    EXPECT_EQ(labels(), 1);
+    shell().succeeds = false;
+    press();
+    EXPECT_TRUE(note.isVisible());
+    EXPECT_EQ(labels(), 2);
+    shell().succeeds = true;
+    press();
+    EXPECT_FALSE(note.isVisible());
+    EXPECT_EQ(shell().opened, (std::vector{target(), target()}));
 }
 
 TEST_F(ExportTest, WritesNothingWhenTheDialogIsCancelled) {

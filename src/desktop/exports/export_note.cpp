@@ -21,12 +21,16 @@ ExportNote::ExportNote(Workspace& workspace, const std::filesystem::path& file, 
     auto* label = new QLabel(count + '\n' + QString::fromStdU16String(file.u16string()));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
+    auto* failure = new QLabel(toQString(exports::notOpened));
+    failure->hide();
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     const auto addButton = [&](const resources::Text& text, const std::filesystem::path& target) {
         auto* button = buttons->addButton(toQString(text), QDialogButtonBox::ActionRole);
-        connect(button, &QPushButton::clicked, this, [this, &workspace, target] {
-            workspace.shell().open(target);
-            accept();
+        connect(button, &QPushButton::clicked, this, [this, &workspace, target, failure] {
+            if (workspace.shell().open(target))
+                accept();
+            else
+                failure->show();
         });
     };
     addButton(exports::openFile, file);
@@ -34,7 +38,9 @@ ExportNote::ExportNote(Workspace& workspace, const std::filesystem::path& file, 
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(label);
+    layout->addWidget(failure);
     layout->addWidget(buttons);
+    buttons->button(QDialogButtonBox::Close)->setDefault(true);
     setMinimumWidth(320);
 }
 

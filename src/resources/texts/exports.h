@@ -20,6 +20,7 @@ inline constexpr Text doneOne{11711, u"1 record was exported to"};
 inline constexpr Text doneMany{11712, u"%s records were exported to"};
 inline constexpr Text openFile{11713, u"&Open"};
 inline constexpr Text openFolder{11714, u"Open &Folder"};
+inline constexpr Text notOpened{11715, u"No program was found that opens this."};
 
 inline constexpr Text expenseType{11720, u"Which expenses:"};
 inline constexpr Text general{11721, u"&General expenses"};
