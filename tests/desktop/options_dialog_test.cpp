@@ -6,7 +6,9 @@
 #include "desktop/options/colour_button.h"
 #include "platform/qt/qt_text.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -66,7 +68,7 @@ TEST_F(OptionsDialogTest, EveryControlIsStoredAndShownAgain) {
     const Shown before = shownBy(dialog);
     EXPECT_EQ(before.lists.size(), 10U);
     EXPECT_EQ(before.flags.size(), 10U);
-    EXPECT_EQ(before.texts.size(), 4);
+    EXPECT_EQ(before.texts.size(), 6);
     EXPECT_EQ(before.colours.size(), 4U);
     changeAll(dialog);
     const Shown changed = shownBy(dialog);
@@ -79,6 +81,7 @@ TEST_F(OptionsDialogTest, EveryControlIsStoredAndShownAgain) {
     OptionsDialog again(workspace(), nullptr);
     EXPECT_TRUE(shownBy(again) == changed);
     EXPECT_EQ(settings().minTime, 20);
+    EXPECT_EQ(settings().expenseCustom2Label.text(), u"abbbbb");
 }
 
 TEST_F(OptionsDialogTest, CancelledOrUntouchedItChangesNothing) {
@@ -131,14 +134,17 @@ TEST_F(OptionsDialogTest, HelpOpensItsPlaceInTheManual) {
     EXPECT_EQ(shell().pages, (std::vector<std::string>{"manual.html#Main_Contents", "manual.html#options"}));
 }
 
-TEST_F(OptionsDialogTest, AboutTellsWhereTheDataLies) {
+TEST_F(OptionsDialogTest, AboutCopiesWhatItTells) {
     AboutDialog dialog(workspace(), nullptr);
-    QString all;
-    for (const auto* label : dialog.findChildren<QLabel*>())
-        all += label->text().remove(QChar(0x200B)) + '\n';
-    EXPECT_TRUE(all.contains(QString::fromStdString(workspace().directories().data.string())));
-    EXPECT_TRUE(all.contains(QString("Qt ") + qVersion()));
-    EXPECT_TRUE(all.contains(QRegularExpression("SQLite 3\\.\\d+")) && all.contains(QRegularExpression("ICU \\d+")));
+    for (auto* button : dialog.findChildren<QPushButton*>())
+        if (button->text() == "&Copy")
+            button->click();
+    const QString copied = QApplication::clipboard()->text();
+    EXPECT_TRUE(copied.startsWith("Hourwright ")) << copied.toStdString();
+    EXPECT_TRUE(copied.contains(QString::fromStdString(workspace().directories().recordsFile().string()) + '\n'));
+    EXPECT_TRUE(copied.contains(QString("Qt ") + qVersion()));
+    for (const char* library : {"SQLite 3\\.\\d+", "ICU \\d+", "Opus \\d+\\.\\d+"})
+        EXPECT_TRUE(copied.contains(QRegularExpression(library))) << library << " in " << copied.toStdString();
 }
 
 } // namespace

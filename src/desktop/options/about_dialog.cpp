@@ -1,16 +1,21 @@
 #include "desktop/options/about_dialog.h"
 
 #include "desktop/icons.h"
+#include "desktop/screen_size.h"
 #include "platform/icu/icu_version.h"
+#include "platform/opus/opus_version.h"
 #include "platform/qt/qt_text.h"
 #include "platform/sqlite/sqlite_store_copies.h"
 #include "platform/sqlite/sqlite_version.h"
 #include "resources/texts/copies.h"
 #include "resources/texts/options.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace hourwright::desktop {
@@ -22,18 +27,24 @@ namespace {
 
 constexpr int iconSize = 64;
 constexpr int largerBy = 4; // points
+constexpr int widthOfText = 460;
 
 QLabel* makeText(const QString& text) {
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     return label;
 }
 
-// A path has no blanks to break at; it may be broken behind every folder.
-QString breakable(const std::filesystem::path& path) {
-    return QString::fromStdString(path.string()).replace('/', QString('/') + QChar(0x200B));
+// A path has no blanks to break at; it may be broken behind every folder. What is selected there would not be the path.
+QLabel* makePath(const QString& path) {
+    return makeText(QString(path).replace('/', QString('/') + QChar(0x200B)));
+}
+
+QLabel* makeSelectable(const QString& text) {
+    auto* label = makeText(text);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    return label;
 }
 
 // Where the copies are and of when the newest is.
@@ -47,7 +58,7 @@ QString copiesText(Workspace& workspace) {
         text = toQString(resources::copies::newest)
                    .replace("%s", toQString(locale.shortDate(time) + u' ' + locale.timeWithoutSeconds(time)));
     }
-    return text + ' ' + breakable(copies->folder());
+    return text + ' ' + QString::fromStdString(copies->folder().string());
 }
 
 } // namespace
@@ -55,9 +66,14 @@ QString copiesText(Workspace& workspace) {
 AboutDialog::AboutDialog(Workspace& workspace, QWidget* parent)
     : Dialog(workspace, toQString(texts::aboutTitle), "Main_Contents", parent) {
     buttons()->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Help);
+    auto* copy = buttons()->addButton(toQString(texts::aboutCopy), QDialogButtonBox::ActionRole);
+    connect(copy, &QPushButton::clicked, this, [this] { QApplication::clipboard()->setText(summary()); });
     addHeading();
     addFacts();
     content()->addStretch();
+    if (!isHandheld())
+        setMinimumWidth(widthOfText);
+    buttons()->button(QDialogButtonBox::Ok)->setFocus();
 }
 
 void AboutDialog::addHeading() {
@@ -73,20 +89,36 @@ void AboutDialog::addHeading() {
     font.setPointSize(font.pointSize() + largerBy);
     name->setFont(font);
     column->addWidget(name);
-    column->addWidget(makeText(toQString(texts::aboutVersion).replace("%s", HOURWRIGHT_VERSION)));
+    column->addWidget(makeSelectable(toQString(texts::aboutVersion).replace("%s", HOURWRIGHT_VERSION)));
     column->addWidget(makeText(toQString(texts::aboutWhat)));
     content()->addLayout(row);
 }
 
 void AboutDialog::addFacts() {
-    auto* form = addForm();
-    form->addRow(toQString(texts::aboutLicence), makeText("MIT"));
-    form->addRow(toQString(texts::aboutData), makeText(breakable(workspace().directories().data)));
-    form->addRow(toQString(resources::copies::label), makeText(copiesText(workspace())));
+    const auto& directories = workspace().directories();
     const QStringList libraries{QString("Qt ") + qVersion(),
                                 "SQLite " + QString::fromStdString(platform::sqliteVersion()),
-                                "ICU " + QString::fromStdString(platform::icuVersion())};
-    form->addRow(toQString(texts::aboutLibraries), makeText(libraries.join(", ")));
+                                "ICU " + QString::fromStdString(platform::icuVersion()),
+                                "Opus " + QString::fromStdString(platform::opusVersion())};
+    form_ = addForm();
+    addFact(texts::aboutLicence, "MIT", makeSelectable("MIT"));
+    for (const auto& [label, path] : {std::pair{texts::aboutData, directories.recordsFile()},
+                                      std::pair{texts::aboutSettings, directories.settingsFile()}}) {
+        const QString text = QString::fromStdString(path.string());
+        addFact(label, text, makePath(text));
+    }
+    const QString copies = copiesText(workspace());
+    addFact(resources::copies::label, copies, makePath(copies));
+    addFact(texts::aboutLibraries, libraries.join(", "), makeSelectable(libraries.join(", ")));
+}
+
+void AboutDialog::addFact(const resources::Text& label, const QString& fact, QLabel* shown) {
+    form_->addRow(toQString(label), shown);
+    facts_ += toQString(label) + ' ' + fact + '\n';
+}
+
+QString AboutDialog::summary() const {
+    return toQString(resources::StringId::appTitle) + ' ' + HOURWRIGHT_VERSION + '\n' + facts_;
 }
 
 } // namespace hourwright::desktop

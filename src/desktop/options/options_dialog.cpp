@@ -47,6 +47,10 @@ void OptionsDialog::makePages() {
     page->addText(texts::customField1, &AppSettings::custom1Label);
     page->addText(texts::customField2, &AppSettings::custom2Label);
     page->addText(texts::customField3, &AppSettings::custom3Label);
+    page = addPage(texts::expenseFields);
+    page->addGroup(texts::expenseFieldsHeading);
+    page->addText(texts::customField1, &AppSettings::expenseCustom1Label);
+    page->addText(texts::customField2, &AppSettings::expenseCustom2Label);
     page = addPage(texts::exporting);
     page->addGroup(texts::xmlExport);
     page->addList(texts::encoding, OptionList::encoding);

@@ -26,15 +26,17 @@ inline constexpr Text customFields{10630, u"Custom Fields 1"};
 inline constexpr Text customField1{10631, u"Description for custom field &1:"};
 inline constexpr Text customField2{10632, u"Description for custom field &2:"};
 inline constexpr Text customField3{10633, u"Description for custom field &3:"};
+inline constexpr Text expenseFields{10634, u"Custom Fields 2"};
+inline constexpr Text expenseFieldsHeading{10635, u"General and Mileage Expenses"};
 
 inline constexpr Text exporting{10640, u"Export"};
 inline constexpr Text xmlExport{10641, u"XML Export"};
 inline constexpr Text encoding{10642, u"&Encoding:"};
-inline constexpr Text encodingUnnamed{10643, u"Not named"};
+inline constexpr Text encodingUnnamed{10643, u"(Default)"};
 inline constexpr Text csvExport{10644, u"CSV Export"};
 inline constexpr Text lineBreak{10645, u"&Replace line break with:"};
-inline constexpr Text oneBlank{10646, u"One blank"};
-inline constexpr Text twoBlanks{10647, u"Two blanks"};
+inline constexpr Text oneBlank{10646, u"1 space"};
+inline constexpr Text twoBlanks{10647, u"2 spaces"};
 inline constexpr Text hourSymbol{10648, u"&Hour symbol:"};
 inline constexpr Text noSymbol{10649, u"None"};
 inline constexpr Text symbolShort{10650, u"h"};
@@ -83,5 +85,7 @@ inline constexpr Text aboutWhat{10712, u"Time and expenses of a consultant: reco
 inline constexpr Text aboutLicence{10713, u"Licence:"};
 inline constexpr Text aboutData{10714, u"Data:"};
 inline constexpr Text aboutLibraries{10715, u"Libraries:"};
+inline constexpr Text aboutSettings{10716, u"Settings:"};
+inline constexpr Text aboutCopy{10717, u"&Copy"};
 
 } // namespace hourwright::resources::options
