@@ -3,6 +3,7 @@
 #include "app/period_title.h"
 #include "desktop/icons.h"
 #include "desktop/screen_size.h"
+#include "platform/qt/qt_locale.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_time.h"
 #include "resources/texts/periods.h"
@@ -24,7 +25,7 @@ namespace periods = resources::periods;
 
 QString periodTitle(Workspace& workspace) {
     const app::Period& period = workspace.view().period();
-    const QLocale locale(QString::fromStdString(workspace.locale().name()));
+    const QLocale locale = platform::toQLocale(workspace.locale());
     const QDate first = platform::toQDate(period.currentDate());
     const auto month = platform::toU16(locale.standaloneMonthName(first.month()) + ' ' + QString::number(first.year()));
     return toQString(app::periodTitle(period, workspace.locale(),

@@ -6,6 +6,7 @@
 #include "billing/entry_draft.h"
 #include "desktop/completing_combo.h"
 #include "desktop/editor/field_widgets.h"
+#include "platform/qt/qt_locale.h"
 #include "platform/qt/qt_text.h"
 #include "resources/texts/editor.h"
 
@@ -27,7 +28,7 @@ namespace texts = resources::editor;
 
 QString dayText(Workspace& workspace, platform::FileTime day) {
     const auto date = platform::toSystemTime(day).value_or(platform::SystemTime{});
-    const QLocale locale(QString::fromStdString(workspace.locale().name()));
+    const QLocale locale = platform::toQLocale(workspace.locale());
     return locale.dayName(date.dayOfWeek == 0 ? 7 : date.dayOfWeek, QLocale::ShortFormat) + ' ' +
            toQString(workspace.locale().shortDate(date));
 }

@@ -1,22 +1,18 @@
 #include "desktop/editor/field_widgets.h"
 
+#include "platform/qt/qt_locale.h"
 #include "platform/qt/qt_time.h"
 
 #include <QAbstractItemView>
 #include <QCalendarWidget>
 #include <QCompleter>
 #include <QLineEdit>
-#include <QLocale>
 #include <QTimer>
 #include <QWheelEvent>
 
 namespace hourwright::desktop {
 
 namespace {
-
-QLocale qtLocale(Workspace& workspace) {
-    return QLocale(QString::fromStdString(workspace.locale().name()));
-}
 
 // Short forms with two digits of the year would make a typed 2105 a 2005.
 QString fullYear(QString format) {
@@ -26,7 +22,7 @@ QString fullYear(QString format) {
 } // namespace
 
 DayEdit::DayEdit(Workspace& workspace, QWidget* parent) : QDateEdit(parent) {
-    const QLocale locale = qtLocale(workspace);
+    const QLocale locale = platform::toQLocale(workspace.locale());
     setLocale(locale);
     setDisplayFormat(fullYear(locale.dateFormat(QLocale::ShortFormat)));
     setDateRange(QDate(1601, 1, 1), QDate(9999, 12, 31));
@@ -58,7 +54,7 @@ void DayEdit::wheelEvent(QWheelEvent* event) {
 }
 
 ClockEdit::ClockEdit(Workspace& workspace, QWidget* parent) : QTimeEdit(parent) {
-    const QLocale locale = qtLocale(workspace);
+    const QLocale locale = platform::toQLocale(workspace.locale());
     setLocale(locale);
     setDisplayFormat(locale.timeFormat(QLocale::ShortFormat));
     setWrapping(true);

@@ -1,6 +1,7 @@
 #include "desktop/timers/timer_dialogs.h"
 
 #include "billing/client_choices.h"
+#include "platform/qt/qt_locale.h"
 #include "platform/qt/qt_text.h"
 #include "platform/qt/qt_time.h"
 #include "resources/texts/timers.h"
@@ -13,7 +14,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QLocale>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -78,7 +78,7 @@ AddTimerDialog::AddTimerDialog(Workspace& workspace, const billing::TimerNames& 
     const auto now = workspace.clock().localTime();
     start_->setDateTime(QDateTime(platform::toQDate(now), platform::toQTime(now), Qt::UTC));
     start_->setTimeSpec(Qt::UTC); // a time without a zone: every time of day exists
-    const QLocale locale(QString::fromStdString(workspace.locale().name()));
+    const QLocale locale = platform::toQLocale(workspace.locale());
     start_->setDisplayFormat(locale.dateFormat(QLocale::ShortFormat) + ' ' + locale.timeFormat(QLocale::ShortFormat));
     start_->setCalendarPopup(true);
     start_->setEnabled(false);
