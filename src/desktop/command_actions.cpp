@@ -92,6 +92,14 @@ void CommandActions::fill(QMenu& menu) {
 void CommandActions::fillContextMenu(QMenu& menu) {
     using enum app::Command;
     update();
+    const app::ViewState state = state_();
+    if (state.selected == 0) { // beside the records there is nothing to do but to add some
+        if (state.records == app::RecordKind::entries)
+            menu.addAction(action(newEntry));
+        else
+            menu.addActions({action(newGeneralExpense), action(newMileageExpense)});
+        return;
+    }
     for (const app::Command command : {edit, createCopy, copyTo, createNewTimer, markBilled, markPaid, deleteSelected})
         menu.addAction(action(command));
     menu.addSeparator();

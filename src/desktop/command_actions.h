@@ -23,7 +23,7 @@ public:
     /// Adds all menus to a menu bar, or as submenus to one menu.
     void fill(QMenuBar& bar);
     void fill(QMenu& menu);
-    /// Adds the commands that concern the selection to a context menu.
+    /// Adds the commands that concern the selection to a context menu, or without one those that make new records.
     void fillContextMenu(QMenu& menu);
 
 private:

@@ -29,7 +29,7 @@ constexpr std::array<StatusBox, 4> statusBoxes{{{EntryStatus::billable, texts::u
 } // namespace
 
 CriteriaDialog::CriteriaDialog(Workspace& workspace, app::BulkKind kind, QWidget* parent)
-    : Dialog(workspace, toQString(texts::criteriaTitle), kind == app::BulkKind::remove ? "deldata" : "Main_Contents",
+    : Dialog(workspace, toQString(texts::criteriaTitle), kind == app::BulkKind::remove ? "deldata" : "bulk",
              parent),
       criteria_(app::newCriteria(workspace.view().period(), kind)), choices_(workspace.stores(), workspace.locale()) {
     auto* form = addForm();

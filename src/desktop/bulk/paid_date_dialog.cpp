@@ -16,7 +16,7 @@ namespace texts = resources::bulk;
 using platform::toQString;
 
 PaidDateDialog::PaidDateDialog(Workspace& workspace, QWidget* parent)
-    : Dialog(workspace, toQString(texts::paidDateTitle), "Main_Contents", parent), date_(makeDateEdit(workspace)) {
+    : Dialog(workspace, toQString(texts::paidDateTitle), "bulk", parent), date_(makeDateEdit(workspace)) {
     const auto addLine = [this](const QString& text) {
         auto* label = new QLabel(text);
         label->setWordWrap(true);

@@ -69,7 +69,7 @@ void markViewPaid(MainWindow& window) {
     auto& workspace = window.workspace();
     const auto select = [period = workspace.view().period(), filter = workspace.entryFilter()](
                             const platform::Locale& locale) { return app::selectionOf(period, filter, locale); };
-    if (workspace.messages().ask(StringId::markAllPaid, platform::Icon::question))
+    if (workspace.messages().ask(StringId::markAllPaid))
         markPaid(window, select, workspace.clock().now());
 }
 

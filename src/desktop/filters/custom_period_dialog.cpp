@@ -12,7 +12,7 @@ namespace texts = resources::filters;
 
 // The days chosen last; at first those of the period that is shown.
 CustomPeriodDialog::CustomPeriodDialog(Workspace& workspace, QWidget* parent)
-    : Dialog(workspace, platform::toQString(texts::periodTitle), "Main_Contents", parent) {
+    : Dialog(workspace, platform::toQString(texts::periodTitle), "window", parent) {
     days_.emplace(workspace, *addForm(), texts::firstDay, texts::lastDay);
     const auto& settings = workspace.settings();
     if (app::Period::custom(settings.periodStart, settings.periodEnd)) {

@@ -28,7 +28,7 @@ void choose(QComboBox* combo, int value) {
 } // namespace
 
 DefaultViewDialog::DefaultViewDialog(Workspace& workspace, QWidget* parent)
-    : Dialog(workspace, toQString(texts::defaultViewTitle), "Main_Contents", parent), tabs_(new QTabWidget),
+    : Dialog(workspace, toQString(texts::defaultViewTitle), "defaultview", parent), tabs_(new QTabWidget),
       entryForm_(new EntryFilterForm(workspace, FilterExtent::stored)),
       expenseForm_(new ExpenseFilterForm(workspace, FilterExtent::stored)) {
     auto* hint = new QLabel(toQString(texts::defaultViewHint));

@@ -13,7 +13,7 @@ using platform::toQString;
 
 namespace {
 
-constexpr auto helpAnchor = "Main_Contents";
+constexpr auto helpAnchor = "filter";
 
 template<typename Filter, typename Form>
 void addReset(QDialogButtonBox* buttons, Form* form) {
