@@ -43,7 +43,7 @@ protected:
     }
 
     void fill() {
-        const app::demo::DemoOptions options{.entries = 60, .lastDay = clock().localTime()};
+        const app::demo::DemoOptions options{.entries = 24, .lastDay = clock().localTime()};
         const auto encode = [](std::u16string_view text) { return exchange::writeNote(exchange::fromPlainText(text)); };
         ASSERT_EQ(app::demo::fillWithDemoHistory(stores(), options, encode), app::demo::DemoResult::done);
     }
@@ -59,6 +59,7 @@ protected:
 
     /// Triggers each command that the user could choose now, after `prepare`.
     void walk(const char* state, const std::function<void()>& prepare) {
+        before_ = test::dumpOf(objects());
         for (const app::CommandRow& row : app::commandTable()) {
             prepare();
             window().actions().update();
@@ -70,7 +71,6 @@ protected:
 
     void run(Command command, const std::string& name) {
         ASSERT_TRUE(window().commands().has(command)) << name;
-        const std::string before = test::dumpOf(objects());
         closed_ = 0;
         messages().shown.clear();
         window().actions().action(command)->trigger();
@@ -80,20 +80,23 @@ protected:
         for (const platform::Message& message : messages().shown)
             EXPECT_NE(message.icon, platform::Icon::stop) << name;
         if (changesAtOnce(command)) {
-            EXPECT_NE(test::dumpOf(objects()), before) << name;
+            EXPECT_NE(test::dumpOf(objects()), before_) << name;
             EXPECT_TRUE(workspace().undo()) << name;
         } else if (command == Command::undo) {
             EXPECT_TRUE(workspace().redo()) << name;
         }
-        EXPECT_EQ(test::dumpOf(objects()), before) << name;
-        const bool asks = QString::fromStdString(name).endsWith("...");
-        EXPECT_TRUE(!asks || closed_ > 0 || !fileDialogs().requests.empty()) << name << " opens nothing";
+        EXPECT_EQ(test::dumpOf(objects()), before_) << name;
+        const bool opened = closed_ > 0 || !messages().shown.empty() || !fileDialogs().requests.empty();
+        const bool says = QString::fromStdString(name).endsWith("...") && command != Command::find; // which opens a bar
+        EXPECT_TRUE(opened || !says) << name << " opens nothing";
         fileDialogs().requests.clear();
     }
 
     void closeWhatIsOpen() {
-        if (auto* popup = QApplication::activePopupWidget())
+        if (auto* popup = QApplication::activePopupWidget()) {
+            ++closed_;
             popup->close();
+        }
         for (QWidget* widget : QApplication::topLevelWidgets())
             if (auto* dialog = qobject_cast<QDialog*>(widget); dialog != nullptr && dialog->isVisible()) {
                 ++closed_;
@@ -105,6 +108,7 @@ protected:
     int closed_ = 0;
 
 private:
+    std::string before_;
     test::ManualTimer ticks_;
     billing::TimerSet timers_{clock(), ticks_};
     NoLeds leds_;
@@ -153,7 +157,6 @@ TEST_F(CommandWalkTest, EverythingOpensAndCancelledChangesNothing) {
     for (const State& state :
          {State{"list", entries, false, ListStyle::standard, PeriodKind::month, true},
           State{"simple list, nothing selected", entries, false, ListStyle::simple, PeriodKind::day, false},
-          State{"tree", entries, false, ListStyle::tree, PeriodKind::month, true},
           State{"calendar", entries, true, ListStyle::standard, PeriodKind::week, true},
           State{"expenses", expenses, false, ListStyle::standard, PeriodKind::month, true}}) {
         walked_ = 0;

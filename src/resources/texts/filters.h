@@ -50,7 +50,7 @@ inline constexpr Text defaultViewTitle{10570, u"Customize Default View"};
 inline constexpr Text defaultViewHint{10571, u"What the program shows when it starts."};
 inline constexpr Text timeEntries{10572, u"Time Entries"};
 inline constexpr Text expenses{10573, u"Expenses"};
-inline constexpr Text show{10574, u"&Period:"};
+inline constexpr Text show{10574, u"Peri&od:"};
 inline constexpr Text layout{10575, u"&Layout:"};
 inline constexpr Text day{10576, u"Day"};
 inline constexpr Text week{10577, u"Week"};
