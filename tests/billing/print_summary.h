@@ -13,7 +13,9 @@ inline void PrintTo(const SummaryRow& row, std::ostream* out) {
 }
 
 inline void PrintTo(const BreakdownRow& row, std::ostream* out) {
-    *out << row.level << ' ' << platform::toUtf8(row.name) << " = " << row.hours << " h, " << row.amount;
+    *out << row.level << ' ' << platform::toUtf8(row.name) << " = " << row.hours << " h";
+    for (const auto& [currency, amount] : row.amounts)
+        *out << ", " << amount << ' ' << platform::toUtf8(currency);
 }
 
 } // namespace hourwright::billing

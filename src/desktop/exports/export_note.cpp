@@ -41,6 +41,7 @@ ExportNote::ExportNote(Workspace& workspace, const std::filesystem::path& file, 
     layout->addWidget(failure);
     layout->addWidget(buttons);
     buttons->button(QDialogButtonBox::Close)->setDefault(true);
+    buttons->button(QDialogButtonBox::Close)->setFocus();
     setMinimumWidth(320);
 }
 

@@ -44,6 +44,12 @@ public:
     }
 };
 
+void setPart(QTreeWidgetItem& item, int column, double part) {
+    item.setText(column, toQString(billing::percentText(part)));
+    item.setData(column, partRole, part);
+    item.setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+}
+
 } // namespace
 
 BreakdownDialog::BreakdownDialog(Workspace& workspace, const billing::Breakdown& breakdown, QWidget* parent)
@@ -89,34 +95,53 @@ void BreakdownDialog::fill(const billing::Breakdown& breakdown) {
         last[level + 1] = item;
         item->setExpanded(level == 0);
     }
+    addTotal(breakdown);
+}
+
+// Amounts in several currencies make no sum; each has a row of its own below the hours.
+void BreakdownDialog::addTotal(const billing::Breakdown& whole) {
     auto* total = new QTreeWidgetItem(tree_);
-    setRow(*total, {std::u16string(exports::total.text), 0, breakdown.hours, breakdown.amounts}, breakdown);
+    total->setText(nameColumn, toQString(exports::total));
+    setHours(*total, whole.hours, whole);
+    if (whole.amounts.size() < 2)
+        setAmounts(*total, whole.amounts, whole);
     QFont bold = total->font(nameColumn);
     bold.setBold(true);
     for (int column = 0; column < columnCount; ++column)
         total->setFont(column, bold);
+    if (whole.amounts.size() < 2)
+        return;
+    for (const auto& [currency, amount] : whole.amounts)
+        setAmounts(*new QTreeWidgetItem(total), {{currency, amount}}, whole);
+    total->setExpanded(true);
 }
 
 void BreakdownDialog::setRow(QTreeWidgetItem& item, const billing::BreakdownRow& row, const billing::Breakdown& whole) {
-    const auto number = [this](double value) {
-        return toQString(workspace().locale().number(billing::amountText(value)));
-    };
     item.setText(nameColumn, row.name.empty() ? toQString(exports::noName) : toQString(row.name));
-    item.setText(hoursColumn, number(row.hours));
-    const auto setPart = [&item](int column, double part) {
-        item.setText(column, toQString(billing::percentText(part)));
-        item.setData(column, partRole, part);
-    };
-    setPart(hoursPartColumn, billing::partOf(row.hours, whole.hours));
+    setHours(item, row.hours, whole);
+    setAmounts(item, row.amounts, whole);
+}
+
+void BreakdownDialog::setHours(QTreeWidgetItem& item, double hours, const billing::Breakdown& whole) {
+    item.setText(hoursColumn, number(hours));
+    setPart(item, hoursPartColumn, billing::partOf(hours, whole.hours));
+    item.setTextAlignment(hoursColumn, Qt::AlignRight | Qt::AlignVCenter);
+}
+
+void BreakdownDialog::setAmounts(QTreeWidgetItem& item, const billing::Amounts& amounts,
+                                 const billing::Breakdown& whole) {
     if (whole.amounts.size() > 1)
         item.setText(amountColumn,
-                     toQString(app::amountsText(app::ViewTotals{.amounts = row.amounts}, workspace().locale())));
+                     toQString(app::amountsText(app::ViewTotals{.amounts = amounts}, workspace().locale())));
     else
-        item.setText(amountColumn, number(row.amounts.empty() ? 0.0 : row.amounts.begin()->second));
-    if (const auto part = billing::partOf(row.amounts, whole.amounts))
-        setPart(amountPartColumn, *part);
-    for (int column = hoursColumn; column < columnCount; ++column)
-        item.setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
+        item.setText(amountColumn, number(amounts.empty() ? 0.0 : amounts.begin()->second));
+    if (const auto part = billing::partOf(amounts, whole.amounts))
+        setPart(item, amountPartColumn, *part);
+    item.setTextAlignment(amountColumn, Qt::AlignRight | Qt::AlignVCenter);
+}
+
+QString BreakdownDialog::number(double value) {
+    return toQString(workspace().locale().number(billing::amountText(value)));
 }
 
 QString BreakdownDialog::asText() const {

@@ -15,6 +15,10 @@ public:
 
 private:
     void fill(const billing::Breakdown& breakdown);
+    void addTotal(const billing::Breakdown& whole);
+    void setHours(QTreeWidgetItem& item, double hours, const billing::Breakdown& whole);
+    void setAmounts(QTreeWidgetItem& item, const billing::Amounts& amounts, const billing::Breakdown& whole);
+    [[nodiscard]] QString number(double value);
     void setRow(QTreeWidgetItem& item, const billing::BreakdownRow& row, const billing::Breakdown& whole);
     [[nodiscard]] QString asText() const;
 
