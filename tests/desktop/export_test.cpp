@@ -1,11 +1,11 @@
 #include "desktop/background_run.h"
+#include "desktop/bulk/progress_window.h"
 #include "desktop/desktop_fixture.h"
 #include "desktop/exports/export_dialogs.h"
 #include "desktop/exports/export_note.h"
 #include "desktop/main_window.h"
 
 #include <QLabel>
-#include <QProgressDialog>
 #include <QPushButton>
 #include <QTimer>
 #include <algorithm>
@@ -73,7 +73,7 @@ TEST_F(ExportTest, IsCancelledByTheButtonOfItsProgress) {
     MainWindow window(workspace());
     window.show();
     QTimer::singleShot(50, &window, [&window] {
-        auto* bar = window.findChild<QProgressDialog*>();
+        auto* bar = window.findChild<ProgressWindow*>();
         ASSERT_NE(bar, nullptr);
         bar->findChild<QPushButton*>()->click();
     });
