@@ -115,14 +115,19 @@ private:
         command(which);
     }
 
-    void replace() {
-        store::TimeEntry first;
+    // Of the first entry that has one.
+    std::u16string someClient() {
+        store::TimeEntry entry;
         store::DateWalk walk(home_.workspace().stores().entries(), {});
-        while (walk.next(first) == store::ReadResult::ok && first.client.empty()) {
+        while (walk.next(entry) == store::ReadResult::ok && entry.client.empty()) {
         }
+        return entry.client;
+    }
+
+    void replace() {
         desktop::ReplaceDialog dialog(home_.workspace(), &window_);
         dialog.show();
-        dialog.findChild<desktop::CompletingCombo*>("find")->setText(first.client);
+        dialog.findChild<desktop::CompletingCombo*>("find")->setText(someClient());
         dialog.findChild<QLineEdit*>("replacement")->setText("A name that nobody has");
         home_.messages().script = {Answer::yes};
         dialog.accept();
