@@ -16,7 +16,7 @@ public:
         timer_.setTimerType(Qt::PreciseTimer);
         QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { beat(); });
         since_.start();
-        processor_ = processorTime();
+        processor_ = atFirst_ = processorTime();
         timer_.start(1);
     }
 
@@ -26,6 +26,8 @@ public:
         return longest_;
     }
     [[nodiscard]] double longestBusy() const { return longestBusy_; }
+    /// All processor time of this thread.
+    [[nodiscard]] double allBusy() const { return processor_ - atFirst_; }
 
 private:
     static double processorTime() {
@@ -45,6 +47,7 @@ private:
     QTimer timer_;
     QElapsedTimer since_;
     double processor_ = 0;
+    double atFirst_ = 0;
     double longest_ = 0;
     double longestBusy_ = 0;
 };
