@@ -94,6 +94,12 @@ class Home:
         return {str(file): file.read_bytes() for file in self.path.rglob("*") if file.is_file()}
 
 
+# A window that is told to end keeps its place and the kind of period it shows, wherever those come to stand.
+SETTINGS = """SELECT key, name, type, data, checksum FROM value
+              WHERE name NOT IN ('WindowPlace', 'View') ORDER BY key, name"""
+QUERIES = {b"value": SETTINGS}
+
+
 def add_rows(digest, path):
     connection = sqlite3.connect(path)
     connection.text_factory = bytes
@@ -101,7 +107,7 @@ def add_rows(digest, path):
         tables = connection.execute("SELECT name FROM sqlite_master WHERE type = 'table' ORDER BY name").fetchall()
         for (name,) in tables:
             digest.update(name)
-            for row in connection.execute(f'SELECT * FROM "{name.decode()}"'):
+            for row in connection.execute(QUERIES.get(name, f'SELECT * FROM "{name.decode()}"')):
                 digest.update(repr(row).encode())
     finally:
         connection.close()
