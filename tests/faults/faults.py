@@ -19,6 +19,7 @@ import types
 from contention import locked_store, many_writers
 from damaged import damaged_files
 from failing import call_errors, full_disks, read_only
+from first_use import first_use
 from hostile import hostile_messages
 from interrupted import kill_points, power_losses
 from network import no_network
@@ -30,7 +31,7 @@ from timers import killed_with_timers
 
 # The longest first, so that none is left alone in the end.
 CLASSES = {"kill": kill_points, "errors": call_errors, "damage": damaged_files, "power": power_losses,
-           "starts": double_starts, "timers": killed_with_timers, "hostile": hostile_messages,
+           "first": first_use, "starts": double_starts, "timers": killed_with_timers, "hostile": hostile_messages,
            "spoofed": spoofed_sockets, "leftovers": leftovers, "full": full_disks, "locked": locked_store,
            "readonly": read_only, "network": no_network, "writers": many_writers}
 

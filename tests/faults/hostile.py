@@ -15,11 +15,11 @@ def hostile_messages(run):
     result = Result()
     for number in range(12 if run.long else 1):
         home = run.begin(run.steps[-1])
-        content = home.content()
+        records = home.records()
         process = window.start_window(run, home)
         attack_all(run, (process, home), result, number)
         window.end([process])
-        sound = home.check() == 0 and home.content() == content
+        sound = home.check() == 0 and home.records() == records
         result.add(None if sound else "the records have changed", f"round {number}")
     return result
 

@@ -61,7 +61,7 @@ def prepare_steps(hwctl, folder, demo_entries):
         home.must(["demo", "--entries", str(demo_entries)])
     else:
         home.must(["store", "databases"])
-        home.must(["settings", "set", "MinTime", "15"])
+    home.must(["settings", "set", "MinTime", "15"])
     steps, ids = [], {}
     for number, template in enumerate(SESSION):
         words = [ids.get(word, word) for word in template]

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <fstream>
 #include <sqlite3.h>
 
 namespace hourwright::platform::sqlite {
@@ -141,6 +142,21 @@ std::uint32_t bigEndian(const HeaderBytes& bytes, std::size_t offset) {
     return value;
 }
 
+// True when the rollback journal beside a file says that the file was empty before: what stands in it was being written
+// for the first time when the power failed, or is being written just now. SQLite makes it empty again when it opens it.
+bool isBeingLaidOut(const std::filesystem::path& file) {
+    constexpr std::array<unsigned char, 8> magic{0xd9, 0xd5, 0x05, 0xf9, 0x20, 0xa1, 0x63, 0xd7};
+    constexpr std::size_t pagesBefore = 16; // the offset of a number of four bytes in the journal's header
+    std::ifstream journal(file.native() + "-journal", std::ios::binary);
+    HeaderBytes bytes{};
+    journal.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+    return journal && std::equal(magic.begin(), magic.end(), bytes.begin()) && bigEndian(bytes, pagesBefore) == 0;
+}
+
+FileHeader::Kind foreignOrEmpty(const std::filesystem::path& file) {
+    return isBeingLaidOut(file) ? FileHeader::Kind::empty : FileHeader::Kind::foreign;
+}
+
 } // namespace
 
 FileHeader readFileHeader(const std::filesystem::path& file) {
@@ -155,12 +171,12 @@ FileHeader readFileHeader(const std::filesystem::path& file) {
     HeaderBytes bytes{};
     const int result = readThroughSqlite(file, bytes);
     if (result == SQLITE_IOERR_SHORT_READ)
-        return {.kind = FileHeader::Kind::foreign};
+        return {.kind = foreignOrEmpty(file)};
     if (result != SQLITE_OK)
         return {.kind = FileHeader::Kind::unreadable};
     constexpr std::string_view magic{"SQLite format 3", 16};
     if (!std::equal(magic.begin(), magic.end(), bytes.begin()))
-        return {.kind = FileHeader::Kind::foreign};
+        return {.kind = foreignOrEmpty(file)};
     // Offsets in SQLite's file header.
     return {.kind = FileHeader::Kind::sqlite,
             .applicationId = bigEndian(bytes, 68),

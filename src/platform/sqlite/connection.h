@@ -72,7 +72,7 @@ private:
 /// What the header of a database file says about it.
 struct FileHeader {
     enum class Kind : std::uint8_t { missing, empty, sqlite, foreign, unreadable };
-    Kind kind = Kind::missing;
+    Kind kind = Kind::missing; ///< `empty` also while, or after, the file's first change was interrupted
     std::uint32_t applicationId = 0;
     std::uint32_t userVersion = 0;
     std::uint32_t changes = 0; ///< how often the file was written to
