@@ -104,12 +104,16 @@ bool RegistryFile::open() {
 }
 
 bool RegistryFile::connect() {
-    connection_ = Connection(file_, busyTimeout);
-    hasChecksums_ = readNumber(connection_, "PRAGMA user_version") >= firstWithChecksums;
-    if (connection_.isOpen() && prepareReading())
+    connection_ = Connection(file_, waitedInVain_ ? std::chrono::milliseconds(0) : busyTimeout);
+    const std::int64_t version = readNumber(connection_, "PRAGMA user_version");
+    waitedInVain_ = connection_.lastError() == PlatformError::locked;
+    hasChecksums_ = version >= firstWithChecksums;
+    if (connection_.isOpen() && !waitedInVain_ && prepareReading()) {
+        connection_.setBusyTimeout(busyTimeout);
         return true;
+    }
     // The making of the file may have been cut short; SQLite has emptied it by now.
-    const bool neverMade = connection_.isOpen() && readNumber(connection_, countTablesSql) == 0;
+    const bool neverMade = connection_.isOpen() && !waitedInVain_ && readNumber(connection_, countTablesSql) == 0;
     if (!neverMade)
         failWithMessage();
     connection_ = {};

@@ -77,6 +77,7 @@ private:
     Statement removeDamaged_;
     Statement removeAllDamaged_;
     bool hasChecksums_ = false;
+    bool waitedInVain_ = false; ///< another program held the file for too long; it is not waited for again
     bool writable_ = false;
     int depth_ = 0;
     bool failed_ = false;
