@@ -3,6 +3,7 @@
 #include "desktop/icons.h"
 #include "desktop/screen_size.h"
 #include "platform/icu/icu_version.h"
+#include "platform/nettle/nettle_version.h"
 #include "platform/opus/opus_version.h"
 #include "platform/qt/qt_text.h"
 #include "platform/sqlite/sqlite_store_copies.h"
@@ -99,7 +100,8 @@ void AboutDialog::addFacts() {
     const QStringList libraries{QString("Qt ") + qVersion(),
                                 "SQLite " + QString::fromStdString(platform::sqliteVersion()),
                                 "ICU " + QString::fromStdString(platform::icuVersion()),
-                                "Opus " + QString::fromStdString(platform::opusVersion())};
+                                "Opus " + QString::fromStdString(platform::opusVersion()),
+                                "Nettle " + QString::fromStdString(platform::nettleVersion())};
     form_ = addForm();
     addFact(texts::aboutLicence, "MIT", makeSelectable("MIT"));
     for (const auto& [label, path] : {std::pair{texts::aboutData, directories.recordsFile()},
