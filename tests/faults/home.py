@@ -46,16 +46,9 @@ class Home:
     def content(self):
         """A digest of every row of both files; None when they cannot be read. What a killed writer has left behind
         must have been mended before (`check`)."""
-        return self._digest(FILES)
-
-    def records(self):
-        """The same of the records alone: a window that ends stores its place among the settings."""
-        return self._digest(FILES[:1])
-
-    def _digest(self, names):
         digest = hashlib.sha256()
         try:
-            for name in names:
+            for name in FILES:
                 if (self.path / name).exists():
                     add_rows(digest, self.path / name)
         except sqlite3.Error:
@@ -128,8 +121,6 @@ class Step:
         self.before = before
         self.content_before = before.content()
         self.content_after = after.content()
-        self.records_before = before.records()
-        self.records_after = after.records()
         self.exports_before = before.exports()
         self.exports_after = after.exports()
         self.copies_before = before.copies()

@@ -15,11 +15,11 @@ def hostile_messages(run):
     result = Result()
     for number in range(12 if run.long else 1):
         home = run.begin(run.steps[-1])
-        records = home.records()
+        content = home.content()
         process = window.start_window(run, home)
         attack_all(run, (process, home), result, number)
         window.end([process])
-        sound = home.check() == 0 and home.records() == records
+        sound = home.check() == 0 and home.content() == content
         result.add(None if sound else "the records have changed", f"round {number}")
     return result
 

@@ -61,9 +61,9 @@ def with_thing(run, place):
     victim.write_bytes(b"precious")
     place(home, victim)
     failure = commands_suffer(home)
-    records = home.records()
+    content = home.content()
     failure = failure or (None if victim.read_bytes() == b"precious" else "another file was changed")
-    return failure or (window_suffers(run, home) if place in UNUSABLE else not_startable(run, home, [records]))
+    return failure or (window_suffers(run, home) if place in UNUSABLE else not_startable(run, home, [content]))
 
 
 def with_impostor(run, behaviour, user):
@@ -71,12 +71,12 @@ def with_impostor(run, behaviour, user):
     listener = Impostor(run, home, behaviour, user)
     try:
         failure = commands_suffer(home)
-        records = home.records()
+        content = home.content()
         with held_lock(home):
             failure = failure or second_start_suffers(run, home)
         failure = failure or (listener.was_told() if user else None)
         # With the lock free, a start takes the place of whoever listens.
-        return failure or not_startable(run, home, [records])
+        return failure or not_startable(run, home, [content])
     finally:
         listener.end()
 

@@ -15,13 +15,13 @@ def double_starts(run):
     """Two starts at once: exactly one window stays, the other start ends well."""
     result = Result()
     home = run.begin(run.steps[-1])
-    records = home.records()
+    content = home.content()
     for number in range(200 if run.long else 10):
         starts = [window.start_window(run, home) for _ in range(2)]
         result.add(not_one_winner(home, starts), f"round {number}")
         # Every other round leaves a dead socket behind for the next.
         window.end(starts, signal.SIGKILL if number % 2 else signal.SIGTERM)
-    if home.check() != 0 or home.records() != records:
+    if home.check() != 0 or home.content() != content:
         result.add("the records have changed", "all rounds")
     result.control = two_homes_are_found(run)
     return result
@@ -60,15 +60,15 @@ def leftovers(run):
             step = run.steps[run.random.randrange(len(run.steps))]
             home = run.begin(step)
             leave(run, home, step)
-            result.add(not_startable(run, home, [step.records_before, step.records_after]),
+            result.add(not_startable(run, home, [step.content_before, step.content_after]),
                        f"{leave.__name__}, round {number}, {step.name}")
     home = run.begin(run.steps[-1])
     with held_lock(home):
-        result.control = not_startable(run, home, [home.records()], 6) is not None
+        result.control = not_startable(run, home, [home.content()], 6) is not None
     return result
 
 
-def not_startable(run, home, allowed, patience=window.PATIENCE):
+def not_startable(run, home, contents, patience=window.PATIENCE):
     process = window.start_window(run, home)
     answers = window.comes_forward(home, patience)
     timers = home.run(["timer", "list"]).returncode
@@ -77,7 +77,7 @@ def not_startable(run, home, allowed, patience=window.PATIENCE):
         return f"the window does not answer, timer list exits with {timers}"
     if home.check() != 0:
         return "store check finds damage"
-    return None if home.records() in allowed else "neither the state before nor the one after"
+    return None if home.content() in contents else "neither the state before nor the one after"
 
 
 def held_lock(home):
