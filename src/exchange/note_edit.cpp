@@ -70,7 +70,7 @@ fs::path noteEditPath(const fs::path& folder, std::uint32_t osMajorVersion, std:
     constexpr std::string_view digits = "0123456789ABCDEF";
     std::string name = "trn";
     for (int shift = 12; shift >= 0; shift -= 4)
-        name.push_back(digits[(number >> shift) & 0xFU]);
+        name.push_back(digits[(std::uint32_t{number} >> shift) & 0xFU]);
     return folder / (name + (osMajorVersion >= firstWithRichText ? ".rtf" : ".psw"));
 }
 
