@@ -60,6 +60,12 @@ void orderFocus(QDialog& dialog, const QWidget& fields, const QDialogButtonBox& 
 Dialog::Dialog(Workspace& workspace, const QString& title, std::string helpAnchor, QWidget* parent)
     : QDialog(parent), workspace_(workspace), helpAnchor_(std::move(helpAnchor)) {
     setWindowTitle(title);
+    // When a question and the dialog that asked it close at the same moment, some window managers leave the keyboard to
+    // neither.
+    connect(this, &QDialog::finished, this, [this] {
+        if (parentWidget() != nullptr)
+            parentWidget()->window()->activateWindow();
+    });
     auto* area = new ContentArea;
     auto* inner = new QWidget;
     area->setFrameShape(QFrame::NoFrame);
