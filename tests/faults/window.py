@@ -55,14 +55,20 @@ def ask(home, kind, payload=b"", patience=PATIENCE):
         with connect(home, patience) as connection:
             connection.sendall(frame(kind, payload))
             reply = b""
-            while len(reply) < 9 or len(reply) < 9 + struct.unpack_from("<I", reply, 5)[0]:
+            while (missing := missing_of(reply)) > 0:
                 piece = connection.recv(65536)
-                if not piece:
+                if not piece or missing > MOST_PAYLOAD + len(frame(0)):
                     return None
                 reply += piece
             return reply
     except OSError:
         return None
+
+
+def missing_of(reply):
+    """How many bytes of a frame are not there yet, as far as it is known."""
+    head = len(frame(0))
+    return head - len(reply) if len(reply) < head else head + struct.unpack_from("<I", reply, 5)[0] - len(reply)
 
 
 def comes_forward(home, patience=PATIENCE):
