@@ -2,6 +2,7 @@
 
 import multiprocessing
 import os
+import shutil
 import time
 
 import impostor
@@ -151,8 +152,10 @@ def linked_lock(home, victim):
 
 
 def linked_runtime(home, victim):
-    (home.path / "runtime").rename(victim.with_name("elsewhere"))
-    (home.path / "runtime").symlink_to(victim.with_name("elsewhere"))
+    elsewhere = victim.with_name("elsewhere")
+    shutil.rmtree(elsewhere, ignore_errors=True)  # of the last round
+    (home.path / "runtime").rename(elsewhere)
+    (home.path / "runtime").symlink_to(elsewhere)
 
 
 def strangers_runtime(home, _victim):
