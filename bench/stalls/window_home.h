@@ -2,6 +2,7 @@
 
 #include "demo_home.h"
 #include "desktop/workspace.h"
+#include "no_shell.h"
 #include "platform/icu/icu_locale.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/system_clock.h"
@@ -12,12 +13,6 @@
 #include <string>
 
 namespace hourwright::bench {
-
-class NoShell : public platform::Shell {
-public:
-    bool open(const std::filesystem::path& /*file*/) override { return false; }
-    bool openPage(const std::filesystem::path& /*page*/, const std::string& /*anchor*/) override { return false; }
-};
 
 /// Always chooses the same file.
 class FixedFileDialog : public platform::FileDialog {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "desktop/workspace.h"
+#include "no_shell.h"
 #include "platform/icu/icu_locale.h"
 #include "platform/posix/posix_files.h"
 #include "platform/posix/system_clock.h"
@@ -10,12 +11,6 @@
 #include <cstdlib>
 
 namespace hourwright::bench {
-
-class NoShell : public platform::Shell {
-public:
-    bool open(const std::filesystem::path& /*file*/) override { return false; }
-    bool openPage(const std::filesystem::path& /*page*/, const std::string& /*anchor*/) override { return false; }
-};
 
 /// A workspace over the store that is read, whose view is the period of its newest entries, at most 100,000 of them.
 struct WorkspaceHome {
