@@ -11,6 +11,7 @@
 #include <limits>
 #include <map>
 #include <numeric>
+#include <span>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -213,13 +214,13 @@ private:
             rows[ends[row.group]++] = row;
         rows_ = std::move(rows);
         groups_ = std::move(groups);
-        auto first = rows_.begin();
+        std::span rest(rows_);
         for (const RowGroup& group : groups_) {
-            const std::ranges::subrange inGroup(first, first + static_cast<std::ptrdiff_t>(group.count));
+            const auto inGroup = rest.first(group.count);
             const auto isBefore = [this](const Row& a, const Row& b) { return this->isBefore(a, b); };
             if (!std::ranges::is_sorted(inGroup, isBefore))
                 std::ranges::stable_sort(inGroup, isBefore);
-            first = inGroup.end();
+            rest = rest.subspan(group.count);
         }
     }
 
