@@ -107,4 +107,10 @@ void CommandActions::fillContextMenu(QMenu& menu) {
         menu.addAction(action(command));
 }
 
+void CommandActions::fillPlaceMenu(QMenu& menu) {
+    using enum app::Command;
+    update();
+    menu.addActions({action(newEntry), action(newGeneralExpense), action(newMileageExpense)});
+}
+
 } // namespace hourwright::desktop

@@ -25,6 +25,8 @@ public:
     void fill(QMenu& menu);
     /// Adds the commands that concern the selection to a context menu, or without one those that make new records.
     void fillContextMenu(QMenu& menu);
+    /// Adds those that make a new record on a day or at a time.
+    void fillPlaceMenu(QMenu& menu);
 
 private:
     [[nodiscard]] QMenu* makeMenu(app::Menu menu, QWidget* parent);

@@ -125,6 +125,7 @@ void MainWindow::useView(RecordView* view) {
     connect(view_, &RecordView::totalsChanged, this, &MainWindow::refreshTotals);
     connect(view_, &RecordView::activated, this, [this] { handlers_.run(app::Command::edit); });
     connect(view_, &RecordView::contextMenuRequested, this, &MainWindow::showContextMenu);
+    connect(view_, &RecordView::placeMenuRequested, this, &MainWindow::showPlaceMenu);
     connect(view_, &RecordView::newEntryRequested, this, [this](const EntrySeed& seed) {
         if (openNew)
             openNew(seed);
@@ -184,6 +185,14 @@ void MainWindow::showContextMenu(QPoint position) {
     QMenu menu(this);
     actions_->fillContextMenu(menu);
     menu.exec(position);
+}
+
+void MainWindow::showPlaceMenu(QPoint position, const EntrySeed& seed) {
+    QMenu menu(this);
+    actions_->fillPlaceMenu(menu);
+    place_ = seed;
+    menu.exec(position);
+    place_.reset();
 }
 
 app::ViewState MainWindow::viewState() const {

@@ -10,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 class QLabel;
 class QStackedWidget;
@@ -39,6 +40,8 @@ public:
     void showView();
     /// Selects records once they are shown, after a change that made them.
     void select(std::span<const store::RecordId> ids);
+    /// Where the empty place is whose menu was just chosen from: new records begin with it. Once; nothing otherwise.
+    [[nodiscard]] std::optional<EntrySeed> takePlace() { return std::exchange(place_, std::nullopt); }
     /// Opens the calendar of the period bar.
     void pickDate();
 
@@ -69,6 +72,7 @@ private:
     void refreshTotals();
     void recordsChanged();
     void showContextMenu(QPoint position);
+    void showPlaceMenu(QPoint position, const EntrySeed& seed);
 
     Workspace& workspace_;
     CommandHandlers handlers_;
@@ -79,6 +83,7 @@ private:
     EmptyPage* empty_ = nullptr;
     RecordView* view_ = nullptr;
     std::map<int, RecordView*> views_;
+    std::optional<EntrySeed> place_; ///< while its menu is open
     QLabel* totals_ = nullptr;
 };
 

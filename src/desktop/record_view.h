@@ -57,6 +57,8 @@ signals:
     /// An item was opened: by Enter, a double click, or a tap when that is what a tap does.
     void activated(hourwright::store::RecordId id);
     void contextMenuRequested(QPoint globalPosition);
+    /// The menu of an empty place, where a new record would begin with the seed; nothing is selected.
+    void placeMenuRequested(QPoint globalPosition, hourwright::desktop::EntrySeed seed);
     void newEntryRequested(hourwright::desktop::EntrySeed seed);
     /// The user went to another day within the view, for example by a heading of the week.
     void dayChosen(hourwright::platform::SystemTime day);

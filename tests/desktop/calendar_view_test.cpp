@@ -3,6 +3,7 @@
 #include "desktop/desktop_fixture.h"
 #include "desktop/main_window.h"
 
+#include <QMenu>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -68,6 +69,28 @@ protected:
         QMouseEvent event(type, at, at, port->mapToGlobal(at), button, buttons, {}, Qt::MouseEventSynthesizedByQt);
         QCoreApplication::sendEvent(port, &event);
     }
+    // Clicks right, then chooses a command of the menu that opens; how many commands it has.
+    int chooseFromMenu(QWidget* widget, QPoint at, app::Command command) {
+        int count = 0;
+        QTimer::singleShot(0, widget, [&] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_NE(menu, nullptr);
+            count = static_cast<int>(menu->actions().size());
+            menu->setActiveAction(window_->actions().action(command));
+            QTest::keyClick(menu, Qt::Key_Return);
+            menu->close();
+        });
+        QTest::mousePress(widget, Qt::RightButton, {}, at);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, widget->mapToGlobal(at));
+        QCoreApplication::sendEvent(widget, &event);
+        QTest::mouseRelease(widget, Qt::RightButton, {}, at);
+        return count;
+    }
+    static std::string toClock(const platform::SystemTime& time) {
+        char text[16];
+        std::snprintf(text, sizeof text, " %02d:%02d", time.hour, time.minute);
+        return text;
+    }
     void key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&grid(), key, modifiers); }
     std::string only() {
         const auto all = entries();
@@ -111,8 +134,9 @@ TEST_F(CalendarViewTest, aBlockIsMovedToAnotherDayAndTime) {
 TEST_F(CalendarViewTest, aFingerScrollsOrTakesHoldOfABlock) {
     addEntry(16, 9, 150, 50);
     open();
-    QObject::disconnect(&grid(), &TimeGrid::contextMenuRequested, nullptr, nullptr); // it would wait for a choice
     QSignalSpy menus(&grid(), &TimeGrid::contextMenuRequested);
+    QSignalSpy placeMenus(&grid(), &TimeGrid::placeMenuRequested);
+    QObject::disconnect(&grid(), nullptr, &view(), nullptr); // a menu would wait for a choice
     const QPoint block = place(0, 570);
     const int scroll = grid().verticalScrollBar()->value();
 
@@ -134,12 +158,12 @@ TEST_F(CalendarViewTest, aFingerScrollsOrTakesHoldOfABlock) {
     EXPECT_EQ(grid().verticalScrollBar()->value(), scroll);
 
     for (const QPoint at : {place(3, 705), place(5, 600)}) { // the block where it is now, empty time
-        menus.clear();
         touch(QEvent::MouseButtonPress, at);
         QTest::qWait(longEnough);
         touch(QEvent::MouseButtonRelease, at);
-        EXPECT_EQ(menus.count(), 1);
     }
+    EXPECT_EQ(menus.count(), 1);
+    EXPECT_EQ(placeMenus.count(), 1);
     EXPECT_EQ(only(), "19 11:15:01 150");
 }
 
@@ -225,6 +249,76 @@ TEST_F(CalendarViewTest, anEntryThatIsGoneIsReportedAndNotWritten) {
     drag(place(0, 570), place(3, 690));
     EXPECT_EQ(messages().ids(), std::vector{resources::StringId::error});
     EXPECT_TRUE(entries().empty());
+}
+
+TEST_F(CalendarViewTest, theMenuOfAnEmptyPlaceBeginsARecordThere) {
+    const auto id = addEntry(16, 9, 100);
+    open();
+    struct Case {
+        const char* name;
+        app::PeriodKind period;
+        app::Command command;
+        std::function<std::pair<QWidget*, QPoint>()> where;
+        std::string expected; // the day of the month and the time of day that the record begins with
+    };
+    const std::vector<Case> cases{
+        {"week", app::PeriodKind::week, app::Command::newEntry,
+         [&] {
+             return std::pair{grid().viewport(), place(2, 640)};
+         },
+         "18 10:30"},
+        {"beside the entry, same day", app::PeriodKind::week, app::Command::newEntry,
+         [&] {
+             return std::pair{grid().viewport(), place(0, 725)};
+         },
+         "16 12:00"},
+        {"day", app::PeriodKind::day, app::Command::newEntry,
+         [&] {
+             return std::pair{grid().viewport(), place(0, 865)};
+         },
+         "16 14:00"},
+        {"month", app::PeriodKind::month, app::Command::newEntry,
+         [&] {
+             return std::pair<QWidget*, QPoint>{&month(), month().cellRect(10).center()};
+         },
+         "5 --:--"},
+        {"expense", app::PeriodKind::month, app::Command::newGeneralExpense,
+         [&] {
+             return std::pair<QWidget*, QPoint>{&month(), month().cellRect(11).center()};
+         },
+         "6 --:--"},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.name);
+        workspace().view().setKind(test.period);
+        window_->showView();
+        view().select(std::vector{id});
+        const auto [widget, at] = test.where();
+        std::string chosen;
+        const auto note = [&] {
+            const auto seed = window_->takePlace();
+            chosen = !seed ? "today" : std::to_string(seed->day.day) + (seed->start ? toClock(*seed->start) : " --:--");
+        };
+        window_->commands().set(test.command, note);
+        EXPECT_EQ(chooseFromMenu(widget, at, test.command), 3);
+        EXPECT_EQ(chosen, test.expected);
+        EXPECT_TRUE(view().selection().empty());
+        EXPECT_EQ(window_->takePlace(), std::nullopt);
+    }
+}
+
+TEST_F(CalendarViewTest, theMenuKeyIsAboutTheSelection) {
+    const auto id = addEntry(16, 9, 100);
+    open();
+    view().select(std::vector{id});
+    key(Qt::Key_Down, Qt::ControlModifier); // the cursor goes on without it
+    QSignalSpy menus(&grid(), &TimeGrid::contextMenuRequested);
+    QSignalSpy placeMenus(&grid(), &TimeGrid::placeMenuRequested);
+    QObject::disconnect(&grid(), nullptr, &view(), nullptr);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QCoreApplication::sendEvent(&grid(), &event);
+    EXPECT_EQ(menus.count(), 1);
+    EXPECT_EQ(placeMenus.count(), 0);
 }
 
 TEST_F(CalendarViewTest, theMonthGoesFromDayToDayAndOpensOne) {

@@ -4,6 +4,7 @@
 #include "desktop/desktop_fixture.h"
 #include "desktop/lists/record_tree.h"
 
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QSignalSpy>
 #include <QTest>
@@ -48,6 +49,24 @@ TEST_F(ListViewTest, ReloadKeepsSelectionCurrentRowAndScroll) {
         EXPECT_EQ(view->tree().visualRect(view->tree().currentIndex()).top(), before) << static_cast<int>(style);
         EXPECT_GE(before, 0);
     }
+}
+
+TEST_F(ListViewTest, TheMenuBelowTheRowsIsNotAboutTheSelection) {
+    const auto id = entry(17, u"Client");
+    const auto view = show();
+    QSignalSpy menus(view.get(), &RecordView::contextMenuRequested);
+    const auto askAt = [&](QContextMenuEvent::Reason reason, QPoint at) {
+        view->select(std::vector{id});
+        QContextMenuEvent event(reason, at, view->tree().viewport()->mapToGlobal(at));
+        QCoreApplication::sendEvent(view->tree().viewport(), &event);
+        return view->selection().size();
+    };
+    const QPoint row = view->tree().visualRect(view->tree().currentIndex()).center();
+    const QPoint below(10, view->tree().viewport()->height() - 5);
+    EXPECT_EQ(askAt(QContextMenuEvent::Mouse, row), 1U);
+    EXPECT_EQ(askAt(QContextMenuEvent::Keyboard, below), 1U);
+    EXPECT_EQ(askAt(QContextMenuEvent::Mouse, below), 0U);
+    EXPECT_EQ(menus.count(), 3);
 }
 
 TEST_F(ListViewTest, ColumnsAreKeptOverARestart) {

@@ -23,6 +23,11 @@ std::vector<GridStop> stopsOf(const CalendarDay& day) {
     return stops;
 }
 
+MinuteSpan slotAt(int minute) {
+    const int start = std::clamp(minute, 0, minutesPerDay - slotMinutes) / slotMinutes * slotMinutes;
+    return {start, start + slotMinutes};
+}
+
 std::size_t stopAt(const std::vector<GridStop>& stops, int minute) {
     std::size_t found = 0;
     for (std::size_t i = 0; i < stops.size() && stops[i].span.start <= minute; ++i)

@@ -22,6 +22,9 @@ struct GridStop {
 /// The stops of a day in the order of going down: entries without a start, then blocks and free slots by time.
 [[nodiscard]] std::vector<GridStop> stopsOf(const CalendarDay& day);
 
+/// The slot of a day that a minute lies in; outside of the day the nearest one.
+[[nodiscard]] MinuteSpan slotAt(int minute);
+
 /// Index of the last stop that begins at or before a minute, 0 when none does.
 [[nodiscard]] std::size_t stopAt(const std::vector<GridStop>& stops, int minute);
 

@@ -34,13 +34,16 @@ void CalendarView::connectParts() {
     connect(&board_, &CalendarBoard::selectionChanged, this, &RecordView::selectionChanged);
     connect(grid_, &TimeGrid::activated, this, &RecordView::activated);
     connect(grid_, &TimeGrid::contextMenuRequested, this, &RecordView::contextMenuRequested);
+    connect(grid_, &TimeGrid::placeMenuRequested, this, &RecordView::placeMenuRequested);
     connect(grid_, &TimeGrid::newEntryRequested, this, &RecordView::newEntryRequested);
     connect(grid_, &TimeGrid::dayChosen, this, &RecordView::dayChosen);
     connect(heading_, &WeekHeading::dayChosen, this, &RecordView::dayChosen);
     connect(strip_, &UntimedStrip::activated, this, &RecordView::activated);
     connect(strip_, &UntimedStrip::contextMenuRequested, this, &RecordView::contextMenuRequested);
+    connect(strip_, &UntimedStrip::placeMenuRequested, this, &RecordView::placeMenuRequested);
     connect(month_, &MonthGrid::activated, this, &RecordView::activated);
     connect(month_, &MonthGrid::contextMenuRequested, this, &RecordView::contextMenuRequested);
+    connect(month_, &MonthGrid::placeMenuRequested, this, &RecordView::placeMenuRequested);
     connect(month_, &MonthGrid::dayChosen, this, &RecordView::dayChosen);
 }
 

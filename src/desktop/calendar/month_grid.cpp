@@ -31,7 +31,7 @@ MonthGrid::MonthGrid(CalendarBoard& board, BlockPainter& painter, QWidget* paren
     longPress_.setInterval(longPressTime);
     connect(&longPress_, &QTimer::timeout, this, [this] {
         touch_ = false;
-        emit contextMenuRequested(mapToGlobal(pressed_));
+        askForMenu(pressed_);
     });
     connect(&board_, &CalendarBoard::selectionChanged, this, qOverload<>(&QWidget::update));
 }
@@ -179,7 +179,14 @@ void MonthGrid::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void MonthGrid::contextMenuEvent(QContextMenuEvent* event) {
     const bool keyboard = event->reason() == QContextMenuEvent::Keyboard;
-    emit contextMenuRequested(keyboard ? mapToGlobal(cellRect(day_).center()) : event->globalPos());
+    askForMenu(keyboard ? cellRect(day_).center() : event->pos());
+}
+
+void MonthGrid::askForMenu(QPoint position) {
+    if (board_.selection().empty() && dayAt(position) >= 0)
+        emit placeMenuRequested(mapToGlobal(position), {.day = board_.days()[static_cast<std::size_t>(day_)].date});
+    else
+        emit contextMenuRequested(mapToGlobal(position));
 }
 
 bool MonthGrid::event(QEvent* event) {

@@ -29,6 +29,7 @@ public:
 signals:
     void activated(hourwright::store::RecordId id);
     void contextMenuRequested(QPoint globalPosition);
+    void placeMenuRequested(QPoint globalPosition, hourwright::desktop::EntrySeed seed);
     void dayChosen(hourwright::platform::SystemTime day);
 
 protected:
@@ -57,6 +58,7 @@ private:
     void paintRows(QPainter& painter, int day, const std::vector<std::size_t>& entries);
     void moveTo(int day);
     void stepEntry(int direction);
+    void askForMenu(QPoint position);
     void describe();
 
     CalendarBoard& board_;

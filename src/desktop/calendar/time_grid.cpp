@@ -154,6 +154,10 @@ app::GridPoint TimeGrid::pointAt(QPoint position) const {
     return {geometry.columnAt(position.x()), geometry.minuteAt(position.y() + verticalScrollBar()->value())};
 }
 
+platform::SystemTime TimeGrid::dayAt(int x) const {
+    return board_.days()[static_cast<std::size_t>(grid().columnAt(x))].date;
+}
+
 void TimeGrid::showSpan(int day, const app::MinuteSpan& span) {
     const QRect rect = spanRect(day, span);
     const int offset = verticalScrollBar()->value();

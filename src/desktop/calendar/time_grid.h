@@ -27,6 +27,8 @@ public:
     /// Puts the cursor on an entry and shows it.
     void goTo(std::size_t entry);
 
+    /// The day of the column at a place.
+    [[nodiscard]] platform::SystemTime dayAt(int x) const;
     /// Columns and hours, as the heading and the strip above have them too.
     [[nodiscard]] app::GridGeometry grid() const;
     /// Where an entry's block is in the viewport; null for an entry without a start time.
@@ -37,6 +39,7 @@ public:
 signals:
     void activated(hourwright::store::RecordId id);
     void contextMenuRequested(QPoint globalPosition);
+    void placeMenuRequested(QPoint globalPosition, hourwright::desktop::EntrySeed seed);
     void newEntryRequested(hourwright::desktop::EntrySeed seed);
     void dayChosen(hourwright::platform::SystemTime day);
 
@@ -79,7 +82,11 @@ private:
     void scrollByTouch(int y);
     void tapped(bool wasSelected);
     void showPointer(QPoint position);
+    void pressPlace(app::GridPoint point);
+    [[nodiscard]] EntrySeed seedOf(const app::DayTimes& times, bool withLength) const;
+    [[nodiscard]] EntrySeed seedOfCursor() const;
     void askForNew(const app::DayTimes& times, bool withLength);
+    void askForMenu(QPoint position);
 
     bool moveKey(QKeyEvent* event);
     bool changeKey(QKeyEvent* event);

@@ -17,6 +17,8 @@ void TimeGrid::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) {
         if (hit.entry && !board_.isSelected(*hit.entry))
             goTo(*hit.entry), board_.selectOnly(*hit.entry);
+        else if (!hit.entry)
+            pressPlace(hit.point);
         return;
     }
     touch_ = event->source() != Qt::MouseEventNotSynthesized;
@@ -32,15 +34,21 @@ void TimeGrid::mousePressEvent(QMouseEvent* event) {
         else if (!wasSelected_ || board_.selection().size() > 1)
             board_.selectOnly(*hit.entry);
     } else {
-        const auto stops = app::stopsOf(board_.days()[static_cast<std::size_t>(hit.point.day)]);
-        const int slot = hit.point.minute / app::slotMinutes * app::slotMinutes;
-        standOn(hit.point.day, {.entry = std::nullopt, .span = {slot, slot + app::slotMinutes}}, false);
-        board_.selectNone();
+        pressPlace(hit.point);
     }
     hit_ = hit;
     if (touch_)
         longPress_.start();
     viewport()->update();
+}
+
+// The cursor goes to the empty slot; a mark that was made by keyboard stays when it is meant.
+void TimeGrid::pressPlace(app::GridPoint point) {
+    board_.selectNone();
+    const bool marked =
+        mark_ && mark_->day == point.day && mark_->span.start <= point.minute && point.minute < mark_->span.end;
+    if (!marked)
+        standOn(point.day, {.entry = std::nullopt, .span = app::slotAt(point.minute)}, false);
 }
 
 void TimeGrid::mouseMoveEvent(QMouseEvent* event) {
@@ -78,7 +86,7 @@ void TimeGrid::held() {
         return;
     }
     hit_.reset();
-    emit contextMenuRequested(viewport()->mapToGlobal(pressed_));
+    askForMenu(pressed_);
 }
 
 // A finger that moves at once moves the hours themselves.
@@ -145,13 +153,11 @@ void TimeGrid::mouseDoubleClickEvent(QMouseEvent* event) {
     const Hit hit = hitAt(event->position().toPoint());
     if (hit.entry)
         emit activated(board_.entry(*hit.entry).id);
-    else {
-        const int slot = hit.point.minute / app::slotMinutes * app::slotMinutes;
-        askForNew({hit.point.day, {slot, slot + app::slotMinutes}}, false);
-    }
+    else
+        askForNew({hit.point.day, app::slotAt(hit.point.minute)}, false);
 }
 
-void TimeGrid::askForNew(const app::DayTimes& times, bool withLength) {
+EntrySeed TimeGrid::seedOf(const app::DayTimes& times, bool withLength) const {
     EntrySeed seed{
         .day = board_.days()[static_cast<std::size_t>(times.day)].date, .start = std::nullopt, .minutes = std::nullopt};
     platform::SystemTime start = seed.day;
@@ -159,17 +165,33 @@ void TimeGrid::askForNew(const app::DayTimes& times, bool withLength) {
     seed.start = start;
     if (withLength)
         seed.minutes = times.span.end - times.span.start;
+    return seed;
+}
+
+EntrySeed TimeGrid::seedOfCursor() const {
+    return mark_ ? seedOf(*mark_, true) : seedOf({day_, stop_.span}, false);
+}
+
+void TimeGrid::askForNew(const app::DayTimes& times, bool withLength) {
     mark_.reset();
-    emit newEntryRequested(seed);
+    emit newEntryRequested(seedOf(times, withLength));
+}
+
+void TimeGrid::askForMenu(QPoint position) {
+    const QPoint place = viewport()->mapToGlobal(position);
+    if (board_.selection().empty() && !stop_.entry)
+        emit placeMenuRequested(place, seedOfCursor());
+    else
+        emit contextMenuRequested(place);
 }
 
 void TimeGrid::contextMenuEvent(QContextMenuEvent* event) {
-    QPoint place = event->globalPos();
+    QPoint place = event->pos();
     if (event->reason() == QContextMenuEvent::Keyboard) {
         const QRect rect = stop_.entry ? blockRect(*stop_.entry) : spanRect(day_, stop_.span);
-        place = viewport()->mapToGlobal(rect.isNull() ? QPoint(gutter_, 0) : rect.center());
+        place = rect.isNull() ? QPoint(gutter_, 0) : rect.center();
     }
-    emit contextMenuRequested(place);
+    askForMenu(place);
 }
 
 } // namespace hourwright::desktop

@@ -30,8 +30,7 @@ UntimedStrip::UntimedStrip(CalendarBoard& board, BlockPainter& painter, TimeGrid
     setAccessibleName(toQString(resources::calendar::untimedList));
     longPress_.setSingleShot(true);
     longPress_.setInterval(longPressTime);
-    connect(&longPress_, &QTimer::timeout, this,
-            [this] { emit contextMenuRequested(viewport()->mapToGlobal(pressed_)); });
+    connect(&longPress_, &QTimer::timeout, this, [this] { askForMenu(pressed_); });
     connect(&board_, &CalendarBoard::selectionChanged, viewport(), qOverload<>(&QWidget::update));
 }
 
@@ -182,7 +181,15 @@ void UntimedStrip::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void UntimedStrip::contextMenuEvent(QContextMenuEvent* event) {
-    emit contextMenuRequested(event->globalPos());
+    askForMenu(event->pos());
+}
+
+void UntimedStrip::askForMenu(QPoint position) {
+    const QPoint place = viewport()->mapToGlobal(position);
+    if (entryAt(position))
+        emit contextMenuRequested(place);
+    else
+        emit placeMenuRequested(place, {.day = grid_.dayAt(position.x())});
 }
 
 } // namespace hourwright::desktop

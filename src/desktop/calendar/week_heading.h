@@ -52,6 +52,7 @@ public:
 signals:
     void activated(hourwright::store::RecordId id);
     void contextMenuRequested(QPoint globalPosition);
+    void placeMenuRequested(QPoint globalPosition, hourwright::desktop::EntrySeed seed);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -68,6 +69,7 @@ private:
     [[nodiscard]] int rowCount() const;
     [[nodiscard]] QRect rowRect(int day, int row) const;
     [[nodiscard]] std::optional<std::size_t> entryAt(QPoint position) const;
+    void askForMenu(QPoint position);
     void updateRange();
 
     CalendarBoard& board_;

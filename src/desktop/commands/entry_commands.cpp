@@ -97,9 +97,12 @@ private:
 };
 
 // Where a view of one day shows another day than today, new entries are meant for that one.
-platform::SystemTime newDay(MainWindow& window) {
+EntrySeed newSeed(MainWindow& window) {
+    if (const auto place = window.takePlace())
+        return *place;
     const app::CurrentView& view = window.workspace().view();
-    return view.kind() == app::PeriodKind::day ? view.period().currentDate() : window.workspace().clock().localTime();
+    const bool day = view.kind() == app::PeriodKind::day;
+    return {.day = day ? view.period().currentDate() : window.workspace().clock().localTime()};
 }
 
 void addSingleCommands(MainWindow& window) {
@@ -110,7 +113,7 @@ void addSingleCommands(MainWindow& window) {
         else if (window.expenseEditing.openNew)
             window.expenseEditing.openNew(seed);
     };
-    window.commands().set(Command::newEntry, [&window, editing] { editing->openNew({.day = newDay(window)}); });
+    window.commands().set(Command::newEntry, [&window, editing] { editing->openNew(newSeed(window)); });
     const auto onSelected = [&window](Command command, std::function<void(RecordId)> ofEntry,
                                       std::function<void(RecordId)> RecordEditing::*ofExpense) {
         window.commands().set(command, [&window, ofEntry, ofExpense] {

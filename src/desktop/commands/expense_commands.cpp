@@ -48,14 +48,17 @@ std::optional<ExpenseEntry> find(Workspace& workspace, store::RecordId id) {
 } // namespace
 
 void addExpenseCommands(MainWindow& window) {
-    const auto today = [&window] { return window.workspace().clock().localTime(); };
+    const auto day = [&window] {
+        const auto place = window.takePlace();
+        return place ? place->day : window.workspace().clock().localTime();
+    };
     window.expenseEditing.openNew = [&window](const EntrySeed& seed) {
         createNew(window, ExpenseType::general, seed.day);
     };
     window.commands().set(app::Command::newGeneralExpense,
-                          [&window, today] { createNew(window, ExpenseType::general, today()); });
+                          [&window, day] { createNew(window, ExpenseType::general, day()); });
     window.commands().set(app::Command::newMileageExpense,
-                          [&window, today] { createNew(window, ExpenseType::mileage, today()); });
+                          [&window, day] { createNew(window, ExpenseType::mileage, day()); });
     window.expenseEditing.edit = [&window](store::RecordId id) {
         const auto expense = find(window.workspace(), id);
         if (!expense)

@@ -138,11 +138,14 @@ void RecordTree::mouseDoubleClickEvent(QMouseEvent* event) {
     QTreeView::mouseDoubleClickEvent(event);
 }
 
-// By keyboard the menu opens at the current row.
+// By keyboard the menu opens at the current row. Where no row is, what is selected is not meant.
 void RecordTree::contextMenuEvent(QContextMenuEvent* event) {
     QPoint position = event->globalPos();
-    if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid())
+    const bool keyboard = event->reason() == QContextMenuEvent::Keyboard;
+    if (keyboard && currentIndex().isValid())
         position = viewport()->mapToGlobal(visualRect(currentIndex()).center());
+    else if (!keyboard && !indexAt(event->pos()).isValid())
+        clearSelection();
     emit menuRequested(position);
     event->accept();
 }

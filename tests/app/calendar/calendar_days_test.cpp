@@ -6,6 +6,8 @@
 #include "platform/icu/icu_locale.h"
 #include "support/store_fixture.h"
 
+#include <map>
+
 namespace hourwright::app {
 
 namespace {
@@ -126,6 +128,12 @@ TEST_F(CalendarDaysTest, theCursorStopsAtEntriesAndFreeSlots) {
     EXPECT_EQ(stopAt(stops, 0), 1U);
     EXPECT_EQ(stopAt(stops, -1), 0U);
     EXPECT_EQ(stopOf(stops, days.days().front().blocks.front().entry), 2U);
+}
+
+TEST(SlotAtTest, takesTheNearestSlotOfTheDay) {
+    for (const auto& [minute, start] :
+         std::map<int, int>{{0, 0}, {29, 0}, {30, 30}, {1439, 1410}, {1500, 1410}, {-5, 0}})
+        EXPECT_EQ(slotAt(minute), (MinuteSpan{start, start + 30})) << minute;
 }
 
 TEST_F(CalendarDaysTest, writesOnEntriesWhatIsWanted) {
