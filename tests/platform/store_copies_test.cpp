@@ -165,13 +165,13 @@ TEST_F(StoreCopiesTest, ACopyHoldsTheRecordsAndTheSettingsForTheirOwnerOnly) {
 TEST_F(StoreCopiesTest, CopiesOfOneSecondAreListedTheNewestFirst) {
     for (int i = 0; i < 3; ++i)
         make();
-    SystemTime tuesday = monday;
-    tuesday.day = 17;
-    make(tuesday);
+    SystemTime sunday = monday;
+    sunday.day = 22;
+    make(sunday);
     std::vector<std::string> names;
     for (const StoreCopy& copy : copies_->list())
         names.push_back(copy.name);
-    EXPECT_EQ(names, (std::vector<std::string>{"2026-11-17_09-05-07", "2026-11-16_09-05-07_3", "2026-11-16_09-05-07_2",
+    EXPECT_EQ(names, (std::vector<std::string>{"2026-11-22_09-05-07", "2026-11-16_09-05-07_3", "2026-11-16_09-05-07_2",
                                                "2026-11-16_09-05-07"}));
     EXPECT_TRUE(copies_->remove(copies_->list()[1]));
     EXPECT_EQ(copies_->list().size(), 3U);

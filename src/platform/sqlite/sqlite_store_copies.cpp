@@ -41,10 +41,11 @@ FileStamp stampOf(const fs::path& file) {
             std::to_string(time.time_since_epoch().count())};
 }
 
-// Names of one second differ in length first: "…_9", "…_10".
+// By instants, since the fields of a time have the day of week before the day. Names of one second differ in length
+// first: "…_9", "…_10".
 bool isNewer(const StoreCopy& left, const StoreCopy& right) {
-    return std::tuple(left.time, left.name.size(), std::string_view(left.name)) >
-           std::tuple(right.time, right.name.size(), std::string_view(right.name));
+    return std::tuple(toFileTime(left.time), left.name.size(), std::string_view(left.name)) >
+           std::tuple(toFileTime(right.time), right.name.size(), std::string_view(right.name));
 }
 
 RestoredCopy notRestored(RestoreOutcome outcome, PlatformError error) {
