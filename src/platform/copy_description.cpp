@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <tuple>
 
 namespace hourwright::platform {
 
@@ -92,6 +93,13 @@ std::string copyNameAt(const SystemTime& time, unsigned ordinal) {
     return padded(time.year, 4) + '-' + padded(time.month, 2) + '-' + padded(time.day, 2) + '_' + padded(time.hour, 2) +
            '-' + padded(time.minute, 2) + '-' + padded(time.second, 2) +
            (ordinal > 1 ? '_' + std::to_string(ordinal) : std::string());
+}
+
+// By instants, since the fields of a time have the day of week before the day. Names of one second differ in length
+// first: "…_9", "…_10".
+bool isNewer(const StoreCopy& left, const StoreCopy& right) {
+    return std::tuple(toFileTime(left.time), left.name.size(), std::string_view(left.name)) >
+           std::tuple(toFileTime(right.time), right.name.size(), std::string_view(right.name));
 }
 
 std::string describeCopy(const StoreCopy& copy) {

@@ -41,6 +41,9 @@ struct StoreCopy {
 /// The name of the `ordinal`th copy, counted from 1, of that second.
 [[nodiscard]] std::string copyNameAt(const SystemTime& time, unsigned ordinal = 1);
 
+/// True when `left` was made after `right`, as their names say.
+[[nodiscard]] bool isNewer(const StoreCopy& left, const StoreCopy& right);
+
 /// How the making or the verifying of a copy ended.
 enum class CopyOutcome : std::uint8_t {
     done,
@@ -88,6 +91,9 @@ public:
 
     /// The whole copies, the newest first.
     [[nodiscard]] virtual std::vector<StoreCopy> list() = 0;
+    /// What has the name of a copy, but no description that could be read: damaged copies, of which name and time are
+    /// all that is known. The newest first.
+    [[nodiscard]] virtual std::vector<StoreCopy> unreadable() = 0;
     /// The files as they are now.
     [[nodiscard]] virtual SourceStamps present() = 0;
     [[nodiscard]] virtual const std::filesystem::path& folder() const = 0;

@@ -239,6 +239,102 @@ INSTANTIATE_TEST_SUITE_P(
                     Damage{"noRecords", "hourwright.db", nullptr}, Damage{"noDigests", "SHA256SUMS", nullptr}),
     [](const auto& test) { return test.param.what; });
 
+TEST_F(StoreCopiesTest, FilesWithoutADigestAreNotTrusted) {
+    const StoreCopy copy = make();
+    const fs::path file = places_.copies / copy.name / "SHA256SUMS";
+    const std::string digests = contents(file);
+    for (const char* const name : {"about.txt", "hourwright.db", "settings.db"}) {
+        std::string fewer = digests;
+        const auto end = fewer.find('\n', fewer.find(name)) + 1;
+        fewer.erase(end - 67 - std::string_view(name).size(), 67 + std::string_view(name).size());
+        overwrite(file, fewer);
+        EXPECT_EQ(copies_->verify(copy, always), CopyHealth::damaged) << fewer;
+        for (const CopyPart part : {CopyPart::records, CopyPart::settings})
+            EXPECT_EQ(copies_->restore(copy, part, monday).outcome, RestoreOutcome::copyDamaged) << fewer;
+    }
+    overwrite(file, digests);
+    EXPECT_EQ(copies_->verify(copy, always), CopyHealth::sound);
+}
+
+TEST_F(StoreCopiesTest, ACopyWithoutADescriptionIsListedApart) {
+    const StoreCopy copy = make();
+    SystemTime later = monday;
+    later.hour = 10;
+    const StoreCopy second = make(later);
+    overwrite(places_.copies / second.name / "about.txt", "something else");
+    overwrite(places_.copies / "2026-11-16_11-00-00", "a file");
+    EXPECT_EQ(copies_->list().size(), 1U);
+    const auto unreadable = copies_->unreadable();
+    ASSERT_EQ(unreadable.size(), 2U);
+    EXPECT_EQ(unreadable[0].name, "2026-11-16_11-00-00");
+    EXPECT_EQ(unreadable[1].time, later);
+    for (const StoreCopy& each : unreadable) {
+        EXPECT_EQ(copies_->verify(each, always), CopyHealth::damaged);
+        EXPECT_TRUE(copies_->remove(each));
+    }
+    EXPECT_EQ(namesIn(places_.copies), std::vector{copy.name});
+}
+
+// SQLite would write into the copy what such a journal says.
+TEST_F(StoreCopiesTest, AJournalBesideACopyIsNotLookedAt) {
+    const StoreCopy copy = make();
+    const fs::path file = places_.copies / copy.name / "hourwright.db";
+    const std::string before = contents(file);
+    const pid_t writer = test::inChild([&file]() -> bool {
+        sqlite3* connection = nullptr;
+        sqlite3_open(file.c_str(), &connection);
+        sqlite3_exec(connection, "PRAGMA cache_size=1; BEGIN; CREATE TABLE filler AS SELECT randomblob(500000)",
+                     nullptr, nullptr, nullptr);
+        _exit(0);
+    });
+    static_cast<void>(test::succeeded(writer));
+    const fs::path journal = fs::path(file).concat("-journal");
+    ASSERT_TRUE(fs::exists(journal));
+    const std::string inJournal = contents(journal);
+    overwrite(file, before);
+    EXPECT_EQ(copies_->verify(copy, always), CopyHealth::sound);
+    EXPECT_EQ(copies_->restore(copy, CopyPart::records, monday).outcome, RestoreOutcome::done);
+    EXPECT_EQ(contents(file), before);
+    EXPECT_EQ(contents(journal), inJournal);
+    EXPECT_EQ(recordsIn(places_.records), 1U);
+}
+
+TEST_F(StoreCopiesTest, PipesLinksAndFoldersInPlaceOfItsFilesDamageACopy) {
+    const StoreCopy copy = make();
+    const fs::path folder = places_.copies / copy.name;
+    for (const std::string& name : namesIn(folder)) {
+        fs::rename(folder / name, home_ / "aside");
+        const auto isRefused = [&] {
+            const bool damaged = copies_->verify(copy, always) == CopyHealth::damaged;
+            fs::remove(folder / name);
+            return damaged;
+        };
+        ASSERT_EQ(::mkfifo((folder / name).c_str(), 0600), 0);
+        EXPECT_TRUE(isRefused()) << name << " is a pipe";
+        fs::create_directory(folder / name);
+        EXPECT_TRUE(isRefused()) << name << " is a folder";
+        fs::create_symlink(home_ / "aside", folder / name);
+        EXPECT_TRUE(isRefused()) << name << " is a link";
+        fs::rename(home_ / "aside", folder / name);
+    }
+    EXPECT_EQ(copies_->verify(copy, always), CopyHealth::sound);
+}
+
+TEST_F(StoreCopiesTest, DamagedSettingsAreNotCopied) {
+    overwrite(places_.settings, contents(places_.settings).substr(0, 8192));
+    EXPECT_FALSE(make().hasSettings);
+}
+
+TEST_F(StoreCopiesTest, AFolderInPlaceOfTheRecordsIsPutAside) {
+    const StoreCopy copy = make();
+    fs::remove(places_.records);
+    fs::create_directory(places_.records);
+    const RestoredCopy restored = copies_->restore(copy, CopyPart::records, monday);
+    ASSERT_EQ(restored.outcome, RestoreOutcome::done);
+    EXPECT_TRUE(fs::is_directory(restored.kept));
+    EXPECT_EQ(recordsIn(places_.records), 1U);
+}
+
 TEST_F(StoreCopiesTest, DamagedRecordsAreNotCopied) {
     make();
     flipBitAt(places_.records, "first record");

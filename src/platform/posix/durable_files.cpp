@@ -19,12 +19,18 @@ namespace {
 constexpr std::size_t pieceSize = std::size_t{1} << 20;
 constexpr const char* lockName = ".lock";
 
+// A pipe in the place of a file is opened at once, too.
 Descriptor openToRead(const std::filesystem::path& path, int flags = 0) {
     int file = -1;
     do {
-        file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | flags);
+        file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | flags);
     } while (file < 0 && errno == EINTR);
     return Descriptor(file);
+}
+
+bool isRegular(const Descriptor& file) {
+    struct stat status {};
+    return ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
 PlatformError outcome(int result) {
@@ -60,6 +66,8 @@ PlatformError readFile(const std::filesystem::path& path, const std::function<bo
     const Descriptor file = openToRead(path);
     if (!file)
         return fromErrno(errno);
+    if (!isRegular(file))
+        return PlatformError::openFailed;
     std::vector<std::byte> buffer(pieceSize);
     while (true) {
         const ssize_t count = ::read(file.get(), buffer.data(), buffer.size());

@@ -220,13 +220,39 @@ void harden(sqlite3* connection) {
         sqlite3_limit(connection, limit.what, limit.value);
 }
 
+// Every byte that could mean something in such a name is written as its number.
+std::string uriOf(const std::filesystem::path& file) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    std::string uri = "file:";
+    for (const char c : file.native()) {
+        const auto byte = static_cast<unsigned char>(c);
+        const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '/' ||
+                           c == '.' || c == '_' || c == '-';
+        if (plain)
+            uri += c;
+        else
+            uri.append(1, '%').append(1, digits[byte >> 4U]).append(1, digits[byte & 15U]);
+    }
+    return uri;
+}
+
 } // namespace
 
 Connection::Connection(const std::filesystem::path& file, std::chrono::milliseconds busyTimeout) {
+    open(file.native(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, busyTimeout);
+}
+
+Connection Connection::asItLies(const std::filesystem::path& file) {
+    Connection connection;
+    connection.open(uriOf(file) + "?immutable=1", SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, {});
+    return connection;
+}
+
+void Connection::open(const std::string& name, int flags, std::chrono::milliseconds busyTimeout) {
     forgoMemoryStatistics();
     sqlite3* connection = nullptr;
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
-    const int result = sqlite3_open_v2(file.c_str(), &connection, flags, nullptr);
+    const int always = SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    const int result = sqlite3_open_v2(name.c_str(), &connection, flags | always, nullptr);
     handle_.reset(connection);
     open_ = result == SQLITE_OK;
     if (!open_)

@@ -89,6 +89,8 @@ public:
     Connection() = default;
     /// Opens a file, which is created when missing. Check `isOpen`; `lastResult` and `message` say what went wrong.
     Connection(const std::filesystem::path& file, std::chrono::milliseconds busyTimeout);
+    /// Opens a file that nobody writes to for reading only: its bytes as they lie there, whatever journal is beside it.
+    [[nodiscard]] static Connection asItLies(const std::filesystem::path& file);
 
     [[nodiscard]] bool isOpen() const { return handle_ != nullptr && open_; }
     [[nodiscard]] bool isReadOnly() const;
@@ -114,6 +116,8 @@ public:
     [[nodiscard]] sqlite3* handle() const { return handle_.get(); }
 
 private:
+    void open(const std::string& name, int flags, std::chrono::milliseconds busyTimeout);
+
     struct Closer {
         void operator()(sqlite3* connection) const;
     };

@@ -5,6 +5,7 @@
 #include "platform/posix/durable_files.h"
 #include "platform/posix/posix_files.h"
 #include "platform/sqlite/connection.h"
+#include "platform/sqlite/registry_file.h"
 
 namespace hourwright::platform::sqlite {
 
@@ -17,6 +18,7 @@ constexpr const char* settingsName = "settings.db";
 constexpr const char* descriptionName = "about.txt";
 constexpr const char* digestsName = "SHA256SUMS";
 constexpr std::size_t largestText = 64 * 1024;
+constexpr const char* anyName = "2000-01-01_00-00-00"; // a copy has its name only in the end
 
 const char* nameOf(CopyPart part) {
     return part == CopyPart::records ? recordsName : settingsName;
@@ -62,12 +64,22 @@ std::optional<std::string> digestOf(const fs::path& file, const KeepGoing& keepG
     return error == PlatformError::none && whole ? std::optional(digest->finish()) : std::nullopt;
 }
 
-CopyHealth verifyDigests(const fs::path& folder, const KeepGoing& keepGoing) {
+// The digests beside the files; none unless each file that the copy says it has is among them.
+FileDigests digestsIn(const fs::path& folder) {
     const auto text = readText(folder / digestsName);
+    const auto description = readText(folder / descriptionName);
     const auto digests = text ? parseDigestLines(*text) : std::nullopt;
-    if (!digests || !digests->contains(recordsName) || !digests->contains(descriptionName))
+    const auto copy = description ? parseCopyDescription(anyName, *description) : std::nullopt;
+    const bool complete = digests && copy && digests->contains(recordsName) && digests->contains(descriptionName) &&
+                          digests->contains(settingsName) == copy->hasSettings;
+    return complete ? *digests : FileDigests{};
+}
+
+CopyHealth verifyDigests(const fs::path& folder, const KeepGoing& keepGoing) {
+    const FileDigests digests = digestsIn(folder);
+    if (digests.empty())
         return CopyHealth::damaged;
-    for (const auto& [name, expected] : *digests) {
+    for (const auto& [name, expected] : digests) {
         const auto digest = digestOf(folder / name, keepGoing);
         if (!keepGoing())
             return CopyHealth::cancelled;
@@ -77,11 +89,12 @@ CopyHealth verifyDigests(const fs::path& folder, const KeepGoing& keepGoing) {
     return CopyHealth::sound;
 }
 
-// Settings that cannot be read do not keep the records from being copied.
+// Settings that cannot be read do not keep the records from being copied. A damaged value in them does no harm, it
+// counts as absent.
 bool copySettings(const fs::path& settings, const fs::path& folder, const KeepGoing& keepGoing) {
     const fs::path file = folder / settingsName;
     if (readFileHeader(settings).kind == FileHeader::Kind::sqlite &&
-        copyDatabase(settings, file, keepGoing).outcome == CopyOutcome::done)
+        copyDatabase(settings, file, keepGoing).outcome == CopyOutcome::done && isWholeSettingsFile(file))
         return true;
     std::error_code ignored;
     fs::remove(file, ignored);
@@ -157,8 +170,9 @@ CopyHealth verifyCopyFolder(const fs::path& folder, const KeepGoing& keepGoing) 
     const CopyHealth health = verifyDigests(folder, keepGoing);
     if (health != CopyHealth::sound)
         return health;
-    std::uint64_t records = 0;
-    const CopyOutcome inside = checkStoreFile(folder / recordsName, keepGoing, records).outcome;
+    if (copyHas(folder, CopyPart::settings) && !isWholeSettingsFile(folder / settingsName))
+        return CopyHealth::damaged;
+    const CopyOutcome inside = checkStoredCopy(folder / recordsName, keepGoing).outcome;
     if (inside == CopyOutcome::cancelled)
         return CopyHealth::cancelled;
     return inside == CopyOutcome::done ? CopyHealth::sound : CopyHealth::damaged;
@@ -166,14 +180,15 @@ CopyHealth verifyCopyFolder(const fs::path& folder, const KeepGoing& keepGoing) 
 
 PlatformError fetchFromCopy(const fs::path& folder, CopyPart part, const fs::path& to) {
     const fs::path from = folder / nameOf(part);
+    const FileDigests digests = digestsIn(folder);
+    const auto expected = digests.find(nameOf(part));
+    if (expected == digests.end())
+        return PlatformError::fileCorrupt;
     const auto created = PosixFiles().create(to);
     if (!created.writer)
         return created.error;
-    const auto digest = makeSha256();
-    const PlatformError error = readFile(from, [&](std::span<const std::byte> piece) {
-        digest->add(piece);
-        return created.writer->write(asText(piece));
-    });
+    const PlatformError error =
+        readFile(from, [&](std::span<const std::byte> piece) { return created.writer->write(asText(piece)); });
     if (!created.writer->close())
         return created.writer->error();
     if (error != PlatformError::none)
@@ -181,8 +196,7 @@ PlatformError fetchFromCopy(const fs::path& folder, CopyPart part, const fs::pat
     if (const PlatformError sync = syncFile(to); sync != PlatformError::none)
         return sync;
     forgetCached(to);
-    const auto written = digestOf(to, [] { return true; });
-    return written == digest->finish() ? PlatformError::none : PlatformError::readFault;
+    return digestOf(to, [] { return true; }) == expected->second ? PlatformError::none : PlatformError::fileCorrupt;
 }
 
 bool copyHas(const fs::path& folder, CopyPart part) {

@@ -82,10 +82,9 @@ FileOutcome copyDatabase(const std::filesystem::path& from, const std::filesyste
     return backup ? copyPages(backup.get(), keepGoing) : failed(target);
 }
 
-FileOutcome checkStoreFile(const std::filesystem::path& file, const KeepGoing& keepGoing, std::uint64_t& records) {
-    if (const auto problem = inspectStoreFile(file))
-        return failed(problem->error, problem->reason);
-    Connection connection(file, busyTimeout);
+namespace {
+
+FileOutcome checkOpened(Connection connection, const KeepGoing& keepGoing, std::uint64_t& records) {
     if (const auto problem = prepareStoreFile(connection))
         return failed(problem->error, problem->reason);
     sqlite3_progress_handler(connection.handle(), operationsBetweenLooks, stopWanted,
@@ -105,6 +104,21 @@ FileOutcome checkStoreFile(const std::filesystem::path& file, const KeepGoing& k
     for (const DatabaseInfo& database : databases)
         records += countRecords(volume, database);
     return {};
+}
+
+} // namespace
+
+FileOutcome checkStoreFile(const std::filesystem::path& file, const KeepGoing& keepGoing, std::uint64_t& records) {
+    if (const auto problem = inspectStoreFile(file))
+        return failed(problem->error, problem->reason);
+    return checkOpened(Connection(file, busyTimeout), keepGoing, records);
+}
+
+FileOutcome checkStoredCopy(const std::filesystem::path& file, const KeepGoing& keepGoing) {
+    if (const auto problem = inspectStoreFile(file))
+        return failed(problem->error, problem->reason);
+    std::uint64_t records = 0;
+    return checkOpened(Connection::asItLies(file), keepGoing, records);
 }
 
 } // namespace hourwright::platform::sqlite

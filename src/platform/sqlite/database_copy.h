@@ -21,5 +21,7 @@ struct FileOutcome {
 /// wrong in it.
 [[nodiscard]] FileOutcome checkStoreFile(const std::filesystem::path& file, const KeepGoing& keepGoing,
                                          std::uint64_t& records);
+/// The same of a file that is not to be written to, nor mended by a journal beside it.
+[[nodiscard]] FileOutcome checkStoredCopy(const std::filesystem::path& file, const KeepGoing& keepGoing);
 
 } // namespace hourwright::platform::sqlite

@@ -34,7 +34,7 @@ sqlite3_file* fileOf(sqlite3* connection) {
 // would not exclude the connections of this process.
 ExclusiveFile::ExclusiveFile(const std::filesystem::path& file) {
     std::error_code ignored;
-    if (!std::filesystem::exists(file, ignored))
+    if (!std::filesystem::is_regular_file(file, ignored)) // nothing there, or nothing that a program could use
         return;
     takeBackUnfinished(file);
     constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;

@@ -49,4 +49,16 @@ bool RegistryFile::checkDamaged(const std::function<void(std::string_view)>& rep
     return sound && step == Step::done;
 }
 
+bool isWholeSettingsFile(const std::filesystem::path& file) {
+    const FileHeader header = readFileHeader(file);
+    if (header.kind != FileHeader::Kind::sqlite || header.applicationId != RegistryFile::applicationId)
+        return false;
+    Connection connection = Connection::asItLies(file);
+    Statement structure(connection, "PRAGMA integrity_check(1)");
+    Statement tables(connection,
+                     "SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND name IN ('key', 'value')");
+    return structure.step() == Step::row && structure.text(0) == "ok" && tables.step() == Step::row &&
+           tables.integer(0) == 2;
+}
+
 } // namespace hourwright::platform::sqlite

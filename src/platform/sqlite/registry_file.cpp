@@ -11,7 +11,6 @@ namespace hourwright::platform::sqlite {
 
 namespace {
 
-constexpr std::uint32_t applicationId = 0x48775267; // "HwRg"
 constexpr std::uint32_t currentVersion = 2;
 constexpr std::uint32_t firstWithChecksums = 2;
 constexpr std::chrono::milliseconds busyTimeout{5000};

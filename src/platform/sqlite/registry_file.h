@@ -39,6 +39,8 @@ public:
     void beginWrites();
     bool endWrites();
 
+    static constexpr std::uint32_t applicationId = 0x48775267; ///< "HwRg"
+
 private:
     bool open();
     bool connect();
@@ -82,5 +84,8 @@ private:
     int depth_ = 0;
     bool failed_ = false;
 };
+
+/// True for a settings file whose structure is whole; single values in it may be damaged. The file is not written to.
+[[nodiscard]] bool isWholeSettingsFile(const std::filesystem::path& file);
 
 } // namespace hourwright::platform::sqlite

@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <chrono>
 #include <thread>
-#include <tuple>
 
 namespace hourwright::platform {
 
@@ -41,13 +40,6 @@ FileStamp stampOf(const fs::path& file) {
             std::to_string(time.time_since_epoch().count())};
 }
 
-// By instants, since the fields of a time have the day of week before the day. Names of one second differ in length
-// first: "…_9", "…_10".
-bool isNewer(const StoreCopy& left, const StoreCopy& right) {
-    return std::tuple(toFileTime(left.time), left.name.size(), std::string_view(left.name)) >
-           std::tuple(toFileTime(right.time), right.name.size(), std::string_view(right.name));
-}
-
 RestoredCopy notRestored(RestoreOutcome outcome, PlatformError error) {
     return {.outcome = outcome, .error = error, .kept = {}};
 }
@@ -55,6 +47,8 @@ RestoredCopy notRestored(RestoreOutcome outcome, PlatformError error) {
 RestoredCopy putInPlace(const fs::path& copy, CopyPart part, const fs::path& target, const SystemTime& now) {
     const fs::path prepared = fs::path(target).concat(".restoring");
     RestoredCopy result = notRestored(RestoreOutcome::failed, fetchFromCopy(copy, part, prepared));
+    if (result.error == PlatformError::fileCorrupt)
+        result.outcome = RestoreOutcome::copyDamaged;
     if (result.error == PlatformError::none) {
         const ExclusiveFile held(target);
         if (held.error() == PlatformError::none)
@@ -81,10 +75,20 @@ public:
 
     [[nodiscard]] std::vector<StoreCopy> list() override {
         std::vector<StoreCopy> copies;
-        std::error_code error;
-        for (fs::directory_iterator entry(places_.copies, error), end; !error && entry != end; entry.increment(error))
-            if (auto copy = readCopyFolder(entry->path()))
+        for (const fs::path& folder : foldersOfCopies())
+            if (auto copy = readCopyFolder(folder))
                 copies.push_back(std::move(*copy));
+        std::ranges::sort(copies, isNewer);
+        return copies;
+    }
+
+    [[nodiscard]] std::vector<StoreCopy> unreadable() override {
+        std::vector<StoreCopy> copies;
+        for (const fs::path& folder : foldersOfCopies())
+            if (!readCopyFolder(folder))
+                copies.push_back({.name = folder.filename().string(),
+                                  .time = timeInCopyName(folder.filename().string()).value_or(SystemTime{}),
+                                  .source = {}});
         std::ranges::sort(copies, isNewer);
         return copies;
     }
@@ -137,6 +141,16 @@ public:
     }
 
 private:
+    // What has the name of a copy, whatever it is.
+    std::vector<fs::path> foldersOfCopies() {
+        std::vector<fs::path> folders;
+        std::error_code error;
+        for (fs::directory_iterator entry(places_.copies, error), end; !error && entry != end; entry.increment(error))
+            if (timeInCopyName(entry->path().filename().string()))
+                folders.push_back(entry->path());
+        return folders;
+    }
+
     // Makes the folder and holds it, once other programs have let go of it.
     FileOutcome enter(std::optional<FolderLock>& lock, const KeepGoing& keepGoing) {
         PlatformError error = makePrivateDirectory(places_.copies, Parents::create);
