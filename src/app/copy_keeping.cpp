@@ -3,10 +3,16 @@
 #include "app/copy_plan.h"
 #include "platform/utf.h"
 
+#include <algorithm>
+#include <set>
+
 namespace hourwright::app {
 
+using platform::CopyHealth;
 using platform::RestoreOutcome;
+using platform::StoreCopies;
 using platform::StoreCopy;
+using Names = std::set<std::string>;
 using resources::StringId;
 
 namespace {
@@ -28,27 +34,93 @@ StringId messageOf(RestoreOutcome outcome) {
     return StringId::copyNotRestored;
 }
 
+bool isNamed(const std::vector<StoreCopy>& copies, const StoreCopy& copy) {
+    return std::ranges::find(copies, copy.name, &StoreCopy::name) != copies.end();
+}
+
+std::vector<StoreCopy> without(std::vector<StoreCopy> copies, const Names& damaged) {
+    std::erase_if(copies, [&damaged](const StoreCopy& copy) { return damaged.contains(copy.name); });
+    return copies;
+}
+
+// Sound ones go when there are sound ones to keep instead, damaged ones when they would go if they were sound.
+std::vector<StoreCopy> forgettable(const std::vector<StoreCopy>& all, const Names& damaged,
+                                   const platform::SystemTime& now) {
+    std::vector<StoreCopy> forgotten = copiesToForget(all, now);
+    const auto ofSound = copiesToForget(without(all, damaged), now);
+    std::erase_if(forgotten,
+                  [&](const StoreCopy& copy) { return !damaged.contains(copy.name) && !isNamed(ofSound, copy); });
+    return forgotten;
+}
+
+// The newest copy that takes the place of one to forget and of which nothing is known yet.
+const StoreCopy* nextToVerify(const std::vector<StoreCopy>& all, const std::vector<StoreCopy>& forgotten,
+                              const Names& known) {
+    if (forgotten.empty())
+        return nullptr;
+    const auto oldest = std::ranges::find(all, forgotten.back().name, &StoreCopy::name);
+    const auto next = std::find_if(all.begin(), oldest, [&](const StoreCopy& copy) {
+        return !known.contains(copy.name) && !isNamed(forgotten, copy);
+    });
+    return next == oldest ? nullptr : &*next;
+}
+
+void forgetOldCopies(StoreCopies& copies, const std::string& justMade, const platform::SystemTime& now,
+                     const platform::KeepGoing& keepGoing) {
+    std::vector<StoreCopy> all = copies.list();
+    Names damaged;
+    for (StoreCopy& copy : copies.unreadable()) {
+        damaged.insert(copy.name);
+        const auto older =
+            std::ranges::find_if(all, [&copy](const StoreCopy& other) { return platform::isNewer(copy, other); });
+        all.insert(older, std::move(copy));
+    }
+    Names known = damaged;
+    known.insert(justMade);
+    auto forgotten = forgettable(all, damaged, now);
+    while (const StoreCopy* const next = nextToVerify(all, forgotten, known)) {
+        const CopyHealth health = copies.verify(*next, keepGoing);
+        if (health == CopyHealth::cancelled)
+            return;
+        known.insert(next->name);
+        if (health == CopyHealth::damaged)
+            damaged.insert(next->name);
+        forgotten = forgettable(all, damaged, now);
+    }
+    for (const StoreCopy& copy : forgotten)
+        static_cast<void>(copies.remove(copy)); // tried again next time
+}
+
+bool isOfDay(const StoreCopy& copy, const platform::SystemTime& now) {
+    return copy.time.year == now.year && copy.time.month == now.month && copy.time.day == now.day;
+}
+
 } // namespace
 
-platform::MadeCopy makeCopy(platform::StoreCopies& copies, const platform::SystemTime& now,
+platform::MadeCopy makeCopy(StoreCopies& copies, const platform::SystemTime& now,
                             const platform::KeepGoing& keepGoing) {
     platform::MadeCopy made = copies.make(now, keepGoing);
     if (made.outcome == platform::CopyOutcome::done)
-        for (const StoreCopy& copy : copiesToForget(copies.list(), now))
-            static_cast<void>(copies.remove(copy)); // tried again next time
+        forgetOldCopies(copies, made.copy.name, now, keepGoing);
     return made;
 }
 
-std::optional<platform::MadeCopy> makeDueCopy(platform::StoreCopies& copies, const platform::SystemTime& now,
+std::optional<platform::MadeCopy> makeDueCopy(StoreCopies& copies, const platform::SystemTime& now,
                                               const platform::KeepGoing& keepGoing) {
-    if (!isCopyDue(copies.list(), copies.present(), now))
-        return std::nullopt;
+    std::vector<StoreCopy> all = copies.list();
+    while (!isCopyDue(all, copies.present(), now)) {
+        // One of this day was read back when it was made.
+        if (all.empty() || isOfDay(all.front(), now) || copies.verify(all.front(), keepGoing) != CopyHealth::damaged)
+            return std::nullopt;
+        all.erase(all.begin());
+    }
     return makeCopy(copies, now, keepGoing);
 }
 
-std::optional<StoreCopy> newestSoundCopy(platform::StoreCopies& copies) {
+std::optional<StoreCopy> newestSoundCopy(StoreCopies& copies, platform::CopyPart part) {
     for (StoreCopy& copy : copies.list())
-        if (copies.verify(copy, [] { return true; }) == platform::CopyHealth::sound)
+        if ((part == platform::CopyPart::records || copy.hasSettings) &&
+            copies.verify(copy, [] { return true; }) == CopyHealth::sound)
             return std::move(copy);
     return std::nullopt;
 }

@@ -10,16 +10,18 @@
 namespace hourwright::app {
 
 /// Makes a copy and, once it is there, deletes those that need not be kept any longer. After a failure nothing is
-/// deleted.
+/// deleted. Before anything is, all newer copies that stay are verified: a damaged one takes no sound one's place.
 [[nodiscard]] platform::MadeCopy makeCopy(platform::StoreCopies& copies, const platform::SystemTime& now,
                                           const platform::KeepGoing& keepGoing);
 
-/// The same when one is due; nothing otherwise.
+/// The same when one is due; nothing otherwise. That nothing was written since the newest one is no reason to do
+/// without when that one is damaged.
 [[nodiscard]] std::optional<platform::MadeCopy>
 makeDueCopy(platform::StoreCopies& copies, const platform::SystemTime& now, const platform::KeepGoing& keepGoing);
 
-/// The newest copy that verifies; nothing when there is none.
-[[nodiscard]] std::optional<platform::StoreCopy> newestSoundCopy(platform::StoreCopies& copies);
+/// The newest copy that has this part and verifies; nothing when there is none.
+[[nodiscard]] std::optional<platform::StoreCopy> newestSoundCopy(platform::StoreCopies& copies,
+                                                                 platform::CopyPart part = platform::CopyPart::records);
 
 /// "%s" and "%s" of a message replaced by the date and the number of records of a copy.
 [[nodiscard]] std::u16string withCopy(resources::StringId id, const platform::StoreCopy& copy,

@@ -38,6 +38,14 @@ void writeCopy(JsonWriter& json, const StoreCopy& copy, const std::optional<Copy
     json.endObject();
 }
 
+void writeUnreadable(JsonWriter& json, const StoreCopy& copy) {
+    json.beginObject();
+    json.member("name", std::string_view(copy.name));
+    json.member("made", std::string_view(dateTimeText(copy.time)));
+    json.member("sound", false);
+    json.endObject();
+}
+
 ExitCode refuseCopy(Session& session, const MadeCopy& made) {
     if (made.outcome == CopyOutcome::noSource)
         return session.refuse(StringId::copyNotMade, "There are no records yet.");
@@ -48,18 +56,22 @@ ExitCode refuseCopy(Session& session, const MadeCopy& made) {
 }
 
 // The copy of that name, or the newest that verifies; nothing, with the message shown, when there is none.
-std::optional<StoreCopy> chosenCopy(Session& session, StoreCopies& copies, const Arguments& arguments) {
+std::optional<StoreCopy> chosenCopy(Session& session, StoreCopies& copies, platform::CopyPart part,
+                                    const Arguments& arguments) {
     if (arguments.positionals().empty()) {
-        auto newest = app::newestSoundCopy(copies);
+        auto newest = app::newestSoundCopy(copies, part);
         if (!newest)
             session.refuse(StringId::noSuchCopy, "No copy is there that is sound.");
         return newest;
     }
     const auto all = copies.list();
-    const auto named = std::ranges::find(all, arguments.positionals().front(), &StoreCopy::name);
+    const std::string_view name = arguments.positionals().front();
+    const auto named = std::ranges::find(all, name, &StoreCopy::name);
     if (named != all.end())
         return *named;
-    session.refuse(StringId::noSuchCopy);
+    const auto unreadable = copies.unreadable();
+    const bool isThere = std::ranges::find(unreadable, name, &StoreCopy::name) != unreadable.end();
+    session.refuse(isThere ? StringId::copyDamaged : StringId::noSuchCopy);
     return std::nullopt;
 }
 
@@ -86,8 +98,9 @@ ExitCode storeCopies(Session& session, const Arguments& arguments) {
     const auto healthOf = [&](const StoreCopy& copy) {
         return verify ? std::optional(copies->verify(copy, always)) : std::nullopt;
     };
-    bool allSound = true;
     const auto all = copies->list();
+    const auto unreadable = copies->unreadable();
+    bool allSound = unreadable.empty();
     JsonWriter json(session.out());
     TextTable table(session.out(), {{"Name"}, {"Made"}, {"Records", true}, {"Bytes", true}, {"State"}});
     if (session.json())
@@ -101,6 +114,12 @@ ExitCode storeCopies(Session& session, const Arguments& arguments) {
             table.add({copy.name, dateTimeText(copy.time), std::to_string(copy.records), std::to_string(copy.bytes),
                        std::string(health ? healthText(*health) : "not verified")});
     }
+    for (const StoreCopy& copy : unreadable) {
+        if (session.json())
+            writeUnreadable(json, copy);
+        else
+            table.add({copy.name, dateTimeText(copy.time), "?", "?", std::string(healthText(CopyHealth::damaged))});
+    }
     if (session.json())
         json.endArray().finish();
     else
@@ -112,7 +131,7 @@ ExitCode storeRestore(Session& session, const Arguments& arguments) {
     const auto part =
         arguments.has(option::restoreSettings) ? platform::CopyPart::settings : platform::CopyPart::records;
     const auto copies = session.copies();
-    const auto copy = chosenCopy(session, *copies, arguments);
+    const auto copy = chosenCopy(session, *copies, part, arguments);
     if (!copy)
         return ExitCode::refused;
     const auto window = session.keepWindowAway();

@@ -62,6 +62,17 @@ TEST_F(StoreCopiesCommandTest, TheNewestSoundOneIsTakenAndDamagedOnesAreNamed) {
     EXPECT_EQ(clients().find("Bolt"), std::string::npos);
 }
 
+TEST_F(StoreCopiesCommandTest, ACopyWithoutADescriptionIsNamedToo) {
+    std::ofstream(runner_.home() / "copies" / copy_ / "about.txt") << "something else";
+    const auto listed = runner_.run({"store", "copies"});
+    EXPECT_EQ(listed.exitCode, 1);
+    EXPECT_NE(listed.out.find(copy_), std::string::npos) << listed.out;
+    EXPECT_NE(listed.out.find("damaged"), std::string::npos) << listed.out;
+    EXPECT_NE(runner_.run({"store", "copies", "--json"}).out.find("\"sound\":false"), std::string::npos);
+    EXPECT_EQ(runner_.run({"store", "restore", copy_, "--yes"}).err, "This copy is damaged. It was not restored.\n");
+    EXPECT_EQ(runner_.run({"store", "restore", "--yes"}).exitCode, 1);
+}
+
 TEST_F(StoreCopiesCommandTest, NothingIsRestoredWhileTheWindowIsOpen) {
     const auto channel = platform::makeInstanceChannel(runner_.home() / "runtime");
     const auto window = channel->claim();
