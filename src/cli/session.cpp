@@ -108,11 +108,17 @@ bool Session::checkSettings(const std::function<void(std::string_view)>& report)
 }
 
 // The copy is not verified here, which may take long; restoring it does.
-void Session::hintAtCopies() {
-    const auto all = copies()->list();
-    if (!all.empty())
-        addReason(joined({"A copy of ", dateTimeText(all.front().time), " with ", std::to_string(all.front().records),
-                          " records is there; 'hwctl store restore' puts the newest sound one in place."}));
+void Session::hintAtCopies(platform::CopyPart part) {
+    const bool ofSettings = part == platform::CopyPart::settings;
+    for (const platform::StoreCopy& copy : copies()->list()) {
+        if (ofSettings && !copy.hasSettings)
+            continue;
+        const std::string with =
+            ofSettings ? std::string("settings") : std::to_string(copy.records) + std::string(" records");
+        addReason(joined({"A copy of ", dateTimeText(copy.time), " with ", with, " is there; 'hwctl store restore",
+                          ofSettings ? " --settings" : "", "' puts the newest sound one in place."}));
+        return;
+    }
 }
 
 platform::ClaimedInstance Session::keepWindowAway() {

@@ -58,8 +58,8 @@ public:
     [[nodiscard]] std::unique_ptr<platform::StoreCopies> copies();
     /// Looks for damage in the settings, reports each finding as a line of text; true when there is none.
     [[nodiscard]] bool checkSettings(const std::function<void(std::string_view)>& report);
-    /// Says which copy there is and how to restore it, if there is one.
-    void hintAtCopies();
+    /// Says which copy there is and how to restore records or settings from it, if there is one that has them.
+    void hintAtCopies(platform::CopyPart part = platform::CopyPart::records);
     /// As long as the result lives, no window can start; `otherRuns` when one is open.
     [[nodiscard]] platform::ClaimedInstance keepWindowAway();
 

@@ -215,7 +215,7 @@ ExitCode storeCheck(Session& session, const Arguments&) {
     if (sound && settingsSound)
         return ExitCode::done;
     session.fail(platform::PlatformError::fileCorrupt, sound ? "The settings are damaged." : "The store is damaged.");
-    session.hintAtCopies();
+    session.hintAtCopies(sound ? platform::CopyPart::settings : platform::CopyPart::records);
     return ExitCode::refused;
 }
 

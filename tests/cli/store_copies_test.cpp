@@ -73,6 +73,20 @@ TEST_F(StoreCopiesCommandTest, ACopyWithoutADescriptionIsNamedToo) {
     EXPECT_EQ(runner_.run({"store", "restore", "--yes"}).exitCode, 1);
 }
 
+TEST_F(StoreCopiesCommandTest, DamagedSettingsAreNoReasonToGoBackWithTheRecords) {
+    ASSERT_EQ(runner_.run({"registry", "set", "Own", "dword:1"}).exitCode, 0);
+    ASSERT_EQ(runner_.run({"store", "copy", "--now", "2099-01-01 00:00:00"}).exitCode, 0);
+    ASSERT_EQ(runner_.run({"store", "copy", "--now", "2099-01-02 00:00:00"}).exitCode, 0);
+    fs::remove(runner_.home() / "copies/2099-01-02_00-00-00/settings.db");
+    damage(runner_.home() / "settings.db");
+    const auto checked = runner_.run({"store", "check"});
+    EXPECT_EQ(checked.exitCode, 1);
+    EXPECT_NE(checked.err.find("'hwctl store restore --settings'"), std::string::npos) << checked.err;
+    EXPECT_EQ(runner_.run({"store", "restore", "--settings", "--yes"}).exitCode, 0);
+    EXPECT_EQ(runner_.run({"registry", "get", "Own"}).out, "1\n");
+    EXPECT_NE(clients().find("Bolt"), std::string::npos);
+}
+
 TEST_F(StoreCopiesCommandTest, NothingIsRestoredWhileTheWindowIsOpen) {
     const auto channel = platform::makeInstanceChannel(runner_.home() / "runtime");
     const auto window = channel->claim();
