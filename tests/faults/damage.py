@@ -1,4 +1,7 @@
-"""Ways in which a file can be damaged. Each takes the bytes and a source of chance and gives other bytes."""
+"""Ways in which a file can be damaged. Most take the bytes and a source of chance and give other bytes."""
+
+import os
+import shutil
 
 PAGE = 4096
 
@@ -44,4 +47,41 @@ def foreign(data, random):
     return random.choice(kinds)
 
 
+def cut_line(data, random):
+    lines = data.splitlines(keepends=True)
+    del lines[random.randrange(len(lines))]
+    return b"".join(lines)
+
+
+def empty(_data, _random):
+    return b""
+
+
+# What may stand in a file's place. Each takes the path, where nothing is any more, and another file.
+def nothing(_path, _other):
+    pass
+
+
+def folder(path, _other):
+    path.mkdir()
+
+
+def link(path, other):
+    path.symlink_to(other)
+
+
+def link_to_nothing(path, _other):
+    path.symlink_to(path.with_name("nowhere"))
+
+
+def pipe(path, _other):
+    os.mkfifo(path)
+
+
+def other_file(path, other):
+    shutil.copy(other, path)
+
+
+PLACES = [nothing, folder, link, link_to_nothing, pipe, other_file]
+TEXT_DAMAGES = [flip_bit, flip_bit, flip_bit, change_bytes, truncate, append_garbage, cut_line, empty]
 DAMAGES = [flip_bit, flip_bit, flip_bit, change_bytes, zero_page, swap_pages, truncate, append_garbage, foreign]

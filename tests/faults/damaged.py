@@ -12,7 +12,7 @@ def damaged_files(run):
     home = run.begin(step)
     told, stored = home.told(), home.content()
     noticed = 0
-    for number in range(3200 if run.long else 90):
+    for number in range(3200 if run.long else 81):
         damage = DAMAGES[number % len(DAMAGES)]
         home = run.begin(step)
         (home.path / "hourwright.db").write_bytes(damage(original, run.random))

@@ -18,6 +18,8 @@ import types
 
 from contention import locked_store, many_writers
 from damaged import damaged_files
+from damaged_copies import damaged_copies
+from damaged_settings import damaged_settings
 from failing import call_errors, full_disks, read_only
 from first_use import first_use
 from hostile import hostile_messages
@@ -30,8 +32,9 @@ from starts import double_starts, leftovers
 from timers import killed_with_timers
 
 # The longest first, so that none is left alone in the end.
-CLASSES = {"kill": kill_points, "errors": call_errors, "damage": damaged_files, "power": power_losses,
-           "first": first_use, "starts": double_starts, "timers": killed_with_timers, "hostile": hostile_messages,
+CLASSES = {"kill": kill_points, "errors": call_errors, "damage": damaged_files, "copies": damaged_copies,
+           "settings": damaged_settings, "power": power_losses, "first": first_use, "starts": double_starts,
+           "timers": killed_with_timers, "hostile": hostile_messages,
            "spoofed": spoofed_sockets, "leftovers": leftovers, "full": full_disks, "locked": locked_store,
            "readonly": read_only, "network": no_network, "writers": many_writers}
 

@@ -55,6 +55,19 @@ class Home:
             return None
         return digest.hexdigest()
 
+    def content_of(self, name):
+        """A digest of every row of one file; None when it cannot be read."""
+        digest = hashlib.sha256()
+        try:
+            add_rows(digest, self.path / name)
+        except sqlite3.Error:
+            return None
+        return digest.hexdigest()
+
+    def files_beside(self):
+        """The bytes of every file beside the records."""
+        return {file.name: file.read_bytes() for file in self.path.iterdir() if file.is_file()}
+
     def told(self):
         """Everything that is stored as the program itself tells it; None when something cannot be read."""
         texts = []
