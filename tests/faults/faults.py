@@ -17,6 +17,7 @@ import traceback
 import types
 
 from contention import locked_store, many_writers
+from daily import daily_copies
 from damaged import damaged_files
 from damaged_copies import damaged_copies
 from damaged_settings import damaged_settings
@@ -36,7 +37,10 @@ CLASSES = {"kill": kill_points, "errors": call_errors, "damage": damaged_files, 
            "settings": damaged_settings, "power": power_losses, "first": first_use, "starts": double_starts,
            "timers": killed_with_timers, "hostile": hostile_messages,
            "spoofed": spoofed_sockets, "leftovers": leftovers, "full": full_disks, "locked": locked_store,
-           "readonly": read_only, "network": no_network, "writers": many_writers}
+           "readonly": read_only, "network": no_network, "writers": many_writers,
+           "daily": daily_copies}
+# These have little to do but wait, so they run beside the others.
+WAITING = ["daily", "locked"]
 
 
 def main():
@@ -45,8 +49,9 @@ def main():
         shared = prepare(options, pathlib.Path(folder))
         names = options.only or list(CLASSES)
         fork = multiprocessing.get_context("fork")
-        with concurrent.futures.ProcessPoolExecutor(options.jobs, mp_context=fork) as pool:
-            running = {name: pool.submit(run_class, shared, name) for name in names}
+        with (concurrent.futures.ProcessPoolExecutor(options.jobs, mp_context=fork) as pool,
+              concurrent.futures.ProcessPoolExecutor(1, mp_context=fork) as beside):
+            running = {name: (beside if name in WAITING else pool).submit(run_class, shared, name) for name in names}
             for future in concurrent.futures.as_completed(running.values()):
                 tell_end(next(name for name in names if running[name] is future), *future.result())
         results = {name: future.result() for name, future in running.items()}

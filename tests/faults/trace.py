@@ -7,6 +7,8 @@ CALLS = "write,pwrite64,fsync,fdatasync,ftruncate,rename,renameat,renameat2,link
 RECORDED = CALLS + ",openat"
 
 LINE = re.compile(r"^(?:\d+ +)?(\w+)\((.*)\) += (-?\d+)(.*)$")
+UNFINISHED = " <unfinished ...>"
+RESUMED = re.compile(r"^\d+ +<\.\.\. \w+ resumed>(.*)$")
 DESCRIPTOR = re.compile(r"^(\d+)<((?:\\x[0-9a-f]{2})*)>$")
 
 
@@ -45,18 +47,48 @@ def _path(text):
     return os.fsdecode(_bytes(text))
 
 
+def recording(log):
+    """Notes the file operations of a program, for `operations_below`."""
+    return ["strace", "-f", "-qq", "-y", "-xx", "-s", "20000000", "-e", "trace=" + RECORDED, "-o", str(log)]
+
+
 def record(home, words, log):
-    """The file operations of a command below its home, in order: tuples whose first member names the operation."""
-    home.run(words, ["strace", "-f", "-qq", "-y", "-xx", "-s", "20000000", "-e", "trace=" + RECORDED, "-o", str(log)])
+    """The file operations of a command below its home."""
+    home.run(words, recording(log))
+    return operations_below(home.path, log)
+
+
+def operations_below(path, log):
+    """The recorded file operations below a folder, in order: tuples whose first member names the operation."""
     operations = []
-    with open(log, encoding="ascii", errors="replace") as file:
-        for line in file:
-            found = LINE.match(line.strip())
-            if found and int(found.group(3)) >= 0:
-                operation = _operation(found.group(1), found.group(2), found.group(3))
-                if operation and operation[1].startswith(str(home.path)):
-                    operations.append(operation)
+    for line in whole_lines(log):
+        found = LINE.match(line)
+        if found and int(found.group(3)) >= 0:
+            operation = _operation(found.group(1), found.group(2), found.group(3))
+            if operation and operation[1].startswith(str(path)):
+                operations.append(operation)
     return operations
+
+
+def whole_lines(log):
+    """Calls that other threads interrupted are put together, where they ended."""
+    begun = {}
+    with open(log, encoding="ascii", errors="replace") as file:
+        for line in map(str.strip, file):
+            thread = line.split(" ", 1)[0]
+            if line.endswith(UNFINISHED):
+                begun[thread] = line.removesuffix(UNFINISHED)
+            elif resumed := RESUMED.match(line):
+                yield begun.pop(thread, "") + resumed.group(1)
+            else:
+                yield line
+
+
+def _unlinked(parts):
+    """A name may be one in a folder that is open."""
+    folder = DESCRIPTOR.match(parts[0])
+    name = _path(parts[1 if len(parts) > 1 else 0].strip('"'))
+    return os.path.join(_path(folder.group(2)), name) if folder else name
 
 
 def _operation(call, arguments, result):
@@ -67,7 +99,7 @@ def _operation(call, arguments, result):
             return ("create", path, "O_TRUNC" in parts[2])
         return None
     if call in ("unlink", "unlinkat"):
-        return ("unlink", _path(parts[0 if call == "unlink" else 1].strip('"')))
+        return ("unlink", _unlinked(parts))
     if call.startswith(("rename", "link")):
         names = [_path(part.strip('"')) for part in parts if part.startswith('"')]
         return ("rename" if call.startswith("rename") else "link", names[0], names[1])
