@@ -23,11 +23,11 @@ def daily_copies(run):
     result = Result()
     days = Days(run)
     operations = record(run, days)
-    points = range(1, count_points(run, days) + 1)
+    points = points_of(run, days)
     chosen = run.sample(points, 3)
     for begin in range(0, len(chosen), AT_ONCE):
-        for number, home in killed_homes(run, days, chosen[begin:begin + AT_ONCE]):
-            result.add(days.wrong_with(home), f"the window killed at call {number} of its copy")
+        for call, home in killed_homes(run, days, chosen[begin:begin + AT_ONCE]):
+            result.add(days.wrong_with(home), f"the window killed before {call} of its copy")
     states = [(point, mode) for point in range(len(operations) + 1) for mode in ("nothing", "all", "some", "some")]
     for point, mode in run.sample(states, 8):
         home = after_power_loss(run, days, operations[:point], mode)
@@ -101,37 +101,37 @@ def paths_of(home, days):
     return [copies, copies / ".lock", *folders, *[folder / name for folder in folders for name in FILES]]
 
 
-def count_points(run, days):
-    """How many calls a window makes for its copy; it must have made one and let the oldest go."""
+def points_of(run, days):
+    """The calls that a window makes for its copy; it must have made one and let the oldest go."""
     home = days.base.copy_to(run.folder / "counted")
     log = run.folder / "log"
-    process = window.start_window(run, home, prefix=trace.killed_at_file(60000, paths_of(home, days), log))
-    ended(home, days, [process])
+    process = window.start_window(run, home, prefix=trace.watching(log, paths_of(home, days)))
+    ended(home, days, process)
     window.end([process])
     if days.wrong_copies(home) or (home.path / "copies" / days.oldest).exists():
         raise RuntimeError("the window has made no copy")
-    with open(log, encoding="ascii", errors="replace") as file:
-        return sum(1 for line in file if trace.LINE.match(line))
+    return trace.calls_in(log)
 
 
-def ended(home, days, processes):
+def ended(home, days, process):
     """Waits until the oldest copy is gone with all that was in it, or the window has ended."""
     end = time.monotonic() + PATIENCE
     gone = [home.path / "copies" / name for name in (days.oldest, ".gone")]
-    while any(process.poll() is None for process in processes) and any(path.exists() for path in gone):
+    while process.poll() is None and any(path.exists() for path in gone):
         if time.monotonic() > end:
             raise RuntimeError("the window makes no copy")
         time.sleep(0.05)
 
 
-def killed_homes(run, days, numbers):
-    """Homes whose windows were killed at these points; the windows run side by side."""
-    homes = [(number, days.base.copy_to(run.folder / f"killed-{place}")) for place, number in enumerate(numbers)]
-    windows = [window.start_window(run, home, prefix=trace.killed_at_file(number, paths_of(home, days)))
-               for number, home in homes]
-    for (_, home), process in zip(homes, windows):
-        ended(home, days, [process])
+def killed_homes(run, days, calls):
+    """Homes whose windows were killed before these calls; the windows run side by side."""
+    homes = [(call, days.base.copy_to(run.folder / f"killed-{place}")) for place, call in enumerate(calls)]
+    windows = [window.start_window(run, home, prefix=trace.killed_at(call, paths_of(home, days)))
+               for call, home in homes]
+    codes = [window.wait_for(process, PATIENCE) for process in windows]
     window.end(windows)
+    if set(codes) != {-9}:
+        raise RuntimeError(f"not every window was killed: {codes}")
     return homes
 
 
@@ -140,7 +140,7 @@ def record(run, days):
     home = days.base.copy_to(run.work)
     log = run.folder / "log"
     process = window.start_window(run, home, prefix=trace.recording(log))
-    ended(home, days, [process])
+    ended(home, days, process)
     window.end([process])
     return trace.operations_below(home.path / "copies", log)
 

@@ -17,15 +17,15 @@ def call_errors(run):
     grow beyond a size."""
     result = Result()
     late = 0
-    for step, number, kind, for_ever in run.sample(cases_of(run), 90, 1200):
+    for step, place, kind, for_ever in run.sample(cases_of(run), 90, 1200):
         home = run.begin(step)
-        code = run_disturbed(home, step, number, kind, for_ever)
+        code = run_disturbed(run, home, step, place, kind, for_ever)
         failure = judge(step, home, code)
         late += not failure and code != 0 and step.content_after not in (step.content_before, None) and (
             home.content() == step.content_after)
         if kind == "short" and not failure and code != 0:
             failure = f"a short write made it fail with {code}"
-        result.add(failure, f"{step.name}: {kind} at {number}{' and later' if for_ever else ''}")
+        result.add(failure, f"{step.name}: {kind} at {place}{' and later' if for_ever else ''}")
     result.note = f"{late} changes were stored though a later call failed and the command said so"
     result.control = lie_is_found(run)
     return result
@@ -34,23 +34,34 @@ def call_errors(run):
 def cases_of(run):
     cases = []
     for step in run.steps:
-        calls = trace.count_calls(run.begin(step), step.words, run.folder / "log")
-        kinds = ["EIO", "ENOSPC", *(["short"] if short_writes.possible() else [])]
-        cases += [(step, number, kind, for_ever) for number in range(1, min(calls, 80) + 1) for kind in kinds
-                  for for_ever in (False, True)]
+        calls = trace.calls(run.begin(step), step.words, run.folder / "log")
+        cases += [(step, *case) for case in failures_of(calls[:80])]
         largest = max((len(data) for data in step.before.files().values()), default=0)
         cases += [(step, run.random.randrange(1, largest + 4096), "limit", True) for _ in range(6)]
     return cases
 
 
-def run_disturbed(home, step, number, kind, for_ever):
+def failures_of(calls):
+    """Every call fails, and every write is cut short, by itself and with all after it."""
+    failing = [(call, kind) for call in calls for kind in ("EIO", "ENOSPC")]
+    writes = [call for call in calls if call.name in ("write", "pwrite64")] if short_writes.possible() else []
+    short = [(number, "short") for number in range(1, len(writes) + 1)]
+    return [(*case, for_ever) for case in [*failing, *short] for for_ever in (False, True)]
+
+
+def run_disturbed(run, home, step, place, kind, for_ever):
+    """The exit code of a command. The place is a call, the number of a write, or a limit to the length of files."""
     if kind == "short":
-        return short_writes.run_with_short_writes(home.command(step.words), environment(), number, for_ever)[0]
+        return short_writes.run_with_short_writes(home.command(step.words), environment(), place, for_ever)[0]
     if kind == "limit":  # a write across the limit is short, the next one fails
-        bound = (number, number)
+        bound = (place, place)
         return home.run(step.words, preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, bound),
                         restore_signals=False).returncode
-    return home.run(step.words, trace.failing_at(number, kind, for_ever)).returncode
+    log = run.folder / "log"
+    code = home.run(step.words, trace.failing_at(place, kind, for_ever, log)).returncode
+    if not trace.was_injected(log):
+        raise RuntimeError(f"{step.name}: {place} did not fail")
+    return code
 
 
 def full_disks(run):

@@ -22,6 +22,7 @@ from damaged import damaged_files
 from damaged_copies import damaged_copies
 from damaged_settings import damaged_settings
 from failing import call_errors, full_disks, read_only
+from failing_copies import failing_copies
 from first_use import first_use
 from hostile import hostile_messages
 from interrupted import kill_points, power_losses
@@ -38,7 +39,7 @@ CLASSES = {"kill": kill_points, "errors": call_errors, "damage": damaged_files, 
            "timers": killed_with_timers, "hostile": hostile_messages,
            "spoofed": spoofed_sockets, "leftovers": leftovers, "full": full_disks, "locked": locked_store,
            "readonly": read_only, "network": no_network, "writers": many_writers,
-           "daily": daily_copies}
+           "copying": failing_copies, "daily": daily_copies}
 # These have little to do but wait, so they run beside the others.
 WAITING = ["daily", "locked"]
 

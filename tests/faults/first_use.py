@@ -25,9 +25,8 @@ def first_use(run):
 
 def cases_of(run, number, words):
     step = first_step(run, number, words)
-    calls = trace.count_calls(run.begin(step), step.words, run.folder / "log")
-    kills = [(step, f"killed at call {call}", lambda call=call: killed(run, step, call))
-             for call in range(1, calls + 1)]
+    kills = [(step, f"killed before {call}", lambda call=call: killed(run, step, call))
+             for call in trace.calls(run.begin(step), step.words, run.folder / "log")]
     cuts = [(step, f"power cut at operation {state[3]}, {state[4]} of the rest", lambda state=state: cut(run, state))
             for state in states_of(run, step)]
     return kills + cuts
@@ -43,7 +42,8 @@ def first_step(run, number, words):
 
 def killed(run, step, call):
     home = run.begin(step)
-    home.run(step.words, trace.killed_at(call))
+    if home.run(step.words, trace.killed_at(call)).returncode != -9:
+        raise RuntimeError(f"it was not killed before {call}")
     return home
 
 

@@ -11,12 +11,12 @@ def kill_points(run):
     result = Result()
     points = []
     for step in run.steps:
-        calls = trace.count_calls(run.begin(step), step.words, run.folder / "log")
-        points += [(step, number) for number in range(1, calls + 1)]
-    for step, number in run.sample(points, 80, 2400):
+        points += [(step, call) for call in trace.calls(run.begin(step), step.words, run.folder / "log")]
+    for step, call in run.sample(points, 80, 2400):
         home = run.begin(step)
-        done = home.run(step.words, trace.killed_at(number))
-        result.add(judge(step, home, done.returncode), f"{step.name} killed at call {number}")
+        done = home.run(step.words, trace.killed_at(call))
+        failure = judge(step, home, done.returncode) if done.returncode == -9 else "it was not killed"
+        result.add(failure, f"{step.name} killed before {call}")
     result.note = f"of {len(points)} points"
     result.control = half_done_is_found(run)
     return result

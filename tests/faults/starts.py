@@ -101,8 +101,8 @@ def killed_window(run, home, _step):
 
 def killed_writer(run, home, step):
     """A command killed between its first and its last write, so that a journal is there."""
-    calls = trace.count_calls(step.before.copy_to(run.folder / "count"), step.words, run.folder / "log")
-    home.run(step.words, trace.killed_at(run.random.randrange(1, calls + 1)))
+    calls = trace.calls(step.before.copy_to(run.folder / "count"), step.words, run.folder / "log")
+    home.run(step.words, trace.killed_at(run.random.choice(calls)))
 
 
 def strange_journal(run, home, _step):

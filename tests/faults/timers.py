@@ -5,7 +5,6 @@ import window
 from home import FILES
 from run import Result
 
-NEVER = 60000  # calls that nobody makes
 SCRIPT = [["timer", "add", "--client", "Acme", "--task", "First"], ["timer", "add", "--task", "Second"],
           ["timer", "pause", "1"], ["timer", "edit", "1", "--duration", "1:00:00", "--note", "n"],
           ["timer", "complete", "1", "--save"], ["timer", "resume", "2"], ["timer", "cancel", "2"]]
@@ -14,13 +13,14 @@ SCRIPT = [["timer", "add", "--client", "Acme", "--task", "First"], ["timer", "ad
 def killed_with_timers(run):
     """kill -9 before every write of the window to its files: what was saved is there, and the next window starts."""
     result = Result()
-    points = range(1, count_points(run) + 1)
-    for number in run.sample(points, 3):
+    points, killed = points_of(run), 0
+    for call in run.sample(points, 3):
         home = run.begin(run.steps[4])
         before = entries(home)
-        saved = play(run, home, trace.killed_at_file(number, paths_of(home)))
-        result.add(lost(run, home, before, saved), f"killed at call {number}")
-    result.note = f"of {len(points)} points"
+        saved, code = play(run, home, trace.killed_at(call, paths_of(home)))
+        killed += code == -9
+        result.add(lost(run, home, before, saved), f"killed before {call}")
+    result.note = f"{killed} killed, of {len(points)} points"
     result.control = not lost_is_unnoticed(run)
     return result
 
@@ -29,26 +29,25 @@ def paths_of(home):
     return [home.path / (name + ending) for name in [*FILES, "timers.db"] for ending in ("", "-journal")]
 
 
-def count_points(run):
+def points_of(run):
     home = run.begin(run.steps[4])
-    play(run, home, trace.killed_at_file(NEVER, paths_of(home), run.folder / "log"))
-    with open(run.folder / "log", encoding="ascii", errors="replace") as file:
-        return sum(1 for line in file if trace.LINE.match(line))
+    play(run, home, trace.watching(run.folder / "log", paths_of(home)))
+    return trace.calls_in(run.folder / "log")
 
 
 def play(run, home, prefix):
-    """Gives a window the script's commands; the ids of entries that it says are saved."""
+    """Gives a window the script's commands; the ids of entries that it says are saved, and how it ended."""
     process = window.start_window(run, home, prefix=prefix)
     if not comes_forward_or_dies(process, home):
         window.end([process])
-        return []
+        return [], process.returncode
     saved = []
     for words in SCRIPT:
         done = home.run(words)
         if "--save" in words and done.returncode == 0:
             saved.append(int(done.stdout))
     window.end([process])
-    return saved
+    return saved, process.returncode
 
 
 def comes_forward_or_dies(process, home):

@@ -1,6 +1,7 @@
 """Watching and disturbing the system calls of a command with strace."""
 
 import os
+import pathlib
 import re
 
 CALLS = "write,pwrite64,fsync,fdatasync,ftruncate,rename,renameat,renameat2,link,linkat,unlink,unlinkat"
@@ -12,31 +13,63 @@ RESUMED = re.compile(r"^\d+ +<\.\.\. \w+ resumed>(.*)$")
 DESCRIPTOR = re.compile(r"^(\d+)<((?:\\x[0-9a-f]{2})*)>$")
 
 
-def count_calls(home, words, log):
-    """How many of the calls of interest a command makes."""
-    home.run(words, ["strace", "-f", "-qq", "-e", "trace=" + CALLS, "-o", str(log)])
-    with open(log, encoding="ascii", errors="replace") as file:
-        return sum(1 for line in file if LINE.match(line))
+class Call:
+    """A call of interest in the course of a program. strace counts the calls of every name by themselves."""
+
+    def __init__(self, name, before):
+        self.name = name
+        self.before = dict(before)  # how many there were of every name before this one
+
+    def __str__(self):
+        return f"{self.name} {self.ordinal()}"
+
+    def ordinal(self):
+        return self.before.get(self.name, 0) + 1
 
 
-def killed_at(number):
-    """Runs a command until just before the N-th call of interest."""
-    return ["strace", "-f", "-qq", "-e", "trace=" + CALLS, "-e", f"inject={CALLS}:signal=KILL:when={number}", "-o",
-            "/dev/null"]
+def calls(home, words, log):
+    """The calls of interest that a command makes, in order."""
+    home.run(words, watching(log))
+    return calls_in(log)
 
 
-def killed_at_file(number, paths, log="/dev/null"):
-    """Runs a program until just before the N-th call of interest on one of these files."""
-    files = [word for path in paths for word in ("-P", str(path))]
-    return ["strace", "-f", "-qq", *files, "-e", "trace=" + CALLS, "-e", f"inject={CALLS}:signal=KILL:when={number}",
-            "-o", str(log)]
+def watching(log, paths=()):
+    """Notes the calls of interest, or those on some files, for `calls_in`."""
+    return ["strace", "-f", "-qq", *only_on(paths), "-e", "trace=" + CALLS, "-o", str(log)]
 
 
-def failing_at(number, error, for_ever):
-    """Lets the N-th call of interest fail, or it and all after it."""
-    when = f"{number}+" if for_ever else str(number)
-    return ["strace", "-f", "-qq", "-e", "trace=" + CALLS, "-e", f"inject={CALLS}:error={error}:when={when}", "-o",
-            "/dev/null"]
+def only_on(paths):
+    return [word for path in paths for word in ("-P", str(path))]
+
+
+def calls_in(log):
+    found, counts = [], {}
+    for line in whole_lines(log):
+        match = LINE.match(line)
+        if match:
+            found.append(Call(match.group(1), counts))
+            counts[match.group(1)] = counts.get(match.group(1), 0) + 1
+    return found
+
+
+def killed_at(call, paths=()):
+    """Runs a program until just before a call, which was counted among those on some files when there are any."""
+    return ["strace", "-f", "-qq", *only_on(paths), "-e", "trace=" + CALLS, "-e",
+            f"inject={call.name}:signal=KILL:when={call.ordinal()}", "-o", "/dev/null"]
+
+
+def failing_at(call, error, for_ever, log="/dev/null"):
+    """Lets a call fail, or it and all after it."""
+    if for_ever:
+        failing = [f"{name}:error={error}:when={call.before.get(name, 0) + 1}+" for name in CALLS.split(",")]
+    else:
+        failing = [f"{call.name}:error={error}:when={call.ordinal()}"]
+    injected = [word for each in failing for word in ("-e", "inject=" + each)]
+    return ["strace", "-f", "-qq", "-e", "trace=" + CALLS, *injected, "-o", str(log)]
+
+
+def was_injected(log):
+    return "(INJECTED)" in pathlib.Path(log).read_text(encoding="ascii", errors="replace")
 
 
 def _bytes(text):
