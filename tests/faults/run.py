@@ -3,6 +3,7 @@
 import os
 import pathlib
 import random
+import shutil
 
 from home import Home, Step, judge
 
@@ -36,6 +37,7 @@ class Run:
         home = Home(self.hwctl, self.work)
         for file in [file for file in self.work.rglob("*") if file.is_file()]:
             file.unlink()
+        shutil.rmtree(self.work / "copies", ignore_errors=True)  # an empty folder there is a damaged copy
         for path, data in files.items():
             pathlib.Path(path).parent.mkdir(parents=True, exist_ok=True)
             pathlib.Path(path).write_bytes(data)
