@@ -1,5 +1,7 @@
 #include "app/bulk_selection.h"
 
+#include "app/list_record.h"
+
 #include <tuple>
 
 namespace hourwright::app {
@@ -12,25 +14,49 @@ platform::SystemTime dayOf(platform::FileTime instant) {
     return day;
 }
 
-std::function<bool(const store::TimeEntry&)> accepting(const EntryFilter& filter, const platform::Locale& locale) {
-    return [matcher = EntryMatcher(filter, locale)](const store::TimeEntry& entry) { return matcher.matches(entry); };
+// What a filter without texts looks at, those of earlier versions behind what they replace.
+constexpr std::array withoutTexts{
+    dateOfRecord,
+    ui2(store::field::status),
+    ui2(store::field::rateType),
+    flag(store::field::oldBillable),
+    flag(store::field::oldBilled),
+    platform::PropertyId{store::field::oldStart, platform::ValueType::fileTime},
+};
+
+// The properties of the fields that the filter looks at.
+std::vector<platform::PropertyId> propertiesOf(const EntryFilter& filter) {
+    using List = ListRecord<store::TimeEntry>;
+    std::vector<platform::PropertyId> properties(withoutTexts.begin(), withoutTexts.end());
+    for (const auto& text : List::texts)
+        if (!(filter.*text.wanted).empty())
+            properties.emplace_back(text.field, platform::ValueType::text);
+    if (!filter.currency.empty())
+        properties.emplace_back(List::currency, platform::ValueType::text);
+    return properties;
+}
+
+billing::EntrySelection selected(const store::DateRange& range, const EntryFilter& filter,
+                                 const platform::Locale& locale) {
+    return {.range = range,
+            .accepts = [matcher = EntryMatcher(filter, locale)](
+                           const store::TimeEntry& entry) { return matcher.matches(entry); },
+            .looksAt = propertiesOf(filter)};
 }
 
 } // namespace
 
 billing::EntrySelection selectionOf(const EntryFilter& criteria, const platform::Locale& userLocale) {
     const FilterRange range = filterRange(criteria);
-    billing::EntrySelection selection;
+    store::DateRange dates{.last = range.last};
     if (range.first.ticks > 0)
-        selection.range.after = platform::FileTime{range.first.ticks - 1};
-    selection.range.last = range.last;
-    selection.accepts = accepting(criteria, userLocale);
-    return selection;
+        dates.after = platform::FileTime{range.first.ticks - 1};
+    return selected(dates, criteria, userLocale);
 }
 
 billing::EntrySelection selectionOf(const Period& period, const EntryFilter& filter,
                                     const platform::Locale& userLocale) {
-    return {.range = period.dateRange(), .accepts = accepting(filter, userLocale)};
+    return selected(period.dateRange(), filter, userLocale);
 }
 
 platform::SystemTime firstDayOf(const Period& period) {

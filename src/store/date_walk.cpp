@@ -14,9 +14,9 @@ constexpr platform::PropertyId dateProperty{field::date, platform::ValueType::fi
 } // namespace
 
 DateWalk::DateWalk(RecordStore& store, const DateRange& range, std::span<const platform::PropertyId> wanted,
-                   std::vector<TextCondition> conditions)
+                   std::vector<TextCondition> conditions, WalkPurpose purpose)
     : store_(store), range_(range), wanted_(wanted.begin(), wanted.end()), conditions_(std::move(conditions)),
-      snapshot_(store.objects().snapshot()) {
+      purpose_(purpose), snapshot_(store.objects().snapshot()) {
     if (wanted_.empty())
         return;
     want(dateProperty);
@@ -40,7 +40,8 @@ RecordId DateWalk::advance() {
     for (const TextCondition& condition : conditions_)
         if (!condition.text.empty())
             texts.push_back(platform::PropertyValue::ofText(condition.field, condition.text));
-    first.columns = wanted_;
+    if (purpose_ == WalkPurpose::reading)
+        first.columns = wanted_;
     first.texts = texts;
     return store_.seek(first);
 }

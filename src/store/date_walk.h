@@ -28,6 +28,9 @@ struct TextCondition {
     std::u16string text;
 };
 
+/// What a walk is for. One that is for changing has the whole of a record at hand when it is written.
+enum class WalkPurpose : std::uint8_t { reading, changing };
+
 /// A walk over the records of an entry or expense store in date order. It is the only one in the program: lists,
 /// exports, summaries and bulk changes use it. While it lives it sees one state of the store.
 ///
@@ -38,7 +41,7 @@ public:
     /// Walks the store's records; with ids given, reads only those properties (the date is always read). Records that
     /// do not meet all conditions are passed over, which costs less than reading them.
     DateWalk(RecordStore& store, const DateRange& range, std::span<const platform::PropertyId> wanted = {},
-             std::vector<TextCondition> conditions = {});
+             std::vector<TextCondition> conditions = {}, WalkPurpose purpose = WalkPurpose::reading);
 
     /// Goes to the first or next record and reads it. `noMore` at the end of the range.
     [[nodiscard]] ReadResult next();
@@ -59,6 +62,7 @@ private:
     DateRange range_;
     std::vector<platform::PropertyId> wanted_;
     std::vector<TextCondition> conditions_;
+    WalkPurpose purpose_;
     std::unique_ptr<platform::Snapshot> snapshot_;
     platform::PropertyBuffer properties_;
     bool started_ = false;

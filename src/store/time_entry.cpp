@@ -3,6 +3,8 @@
 #include "store/fields.h"
 #include "store/property_list.h"
 
+#include <algorithm>
+#include <array>
 #include <limits>
 
 namespace hourwright::store {
@@ -126,6 +128,38 @@ PropertyList propertyList(const TimeEntry& entry, std::uint16_t flags, PropertyL
     return list;
 }
 
+constexpr std::array statusReads = {
+    PropertyId(field::date, ValueType::fileTime),       PropertyId(field::rate, ValueType::ui4),
+    PropertyId(field::rateType, ValueType::ui2),        PropertyId(field::status, ValueType::ui2),
+    PropertyId(field::paidDate, ValueType::fileTime),   PropertyId(field::flags, ValueType::ui2),
+    PropertyId(field::oldBillable, ValueType::boolean), PropertyId(field::oldBilled, ValueType::boolean),
+    PropertyId(field::oldStart, ValueType::fileTime)};
+
+// True for what a whole rewrite would take away or refuse.
+bool isOfEarlierForm(const PropertyValue& value) {
+    switch (value.id.value) {
+    case packed(field::oldBillable, ValueType::boolean):
+    case packed(field::oldBilled, ValueType::boolean):
+    case packed(field::oldStart, ValueType::fileTime): return true;
+    case packed(field::rateType, ValueType::ui2): return value.number > static_cast<std::uint16_t>(RateType::discount);
+    case packed(field::rate, ValueType::ui4): return value.number > std::numeric_limits<std::int32_t>::max();
+    default: return false;
+    }
+}
+
+bool updateWhole(platform::Transaction& transaction, RecordStore& store, TimeEntry& entry) {
+    TimeEntry whole;
+    if (readTimeEntry(store, whole) != ReadResult::ok)
+        return false;
+    whole.status = entry.status;
+    whole.paidDate = entry.paidDate;
+    whole.modified = entry.modified;
+    if (!updateTimeEntry(transaction, store, whole))
+        return false;
+    entry.flags = whole.flags;
+    return true;
+}
+
 } // namespace
 
 bool hasStart(const TimeEntry& entry) {
@@ -189,6 +223,26 @@ bool updateTimeEntry(platform::Transaction& transaction, RecordStore& store, Tim
         return store.refuse(platform::PlatformError::invalidParameter);
     const std::uint16_t flags = flagsAfterUpdate(entry.flags, requestedFlags);
     if (store.write(transaction, entry.id, propertyList(entry, flags, PropertyList::Mode::update)) == RecordId::none)
+        return false;
+    entry.flags = flags;
+    return true;
+}
+
+std::span<const PropertyId> statusProperties() {
+    return statusReads;
+}
+
+bool updateStatus(platform::Transaction& transaction, RecordStore& store, TimeEntry& entry,
+                  const platform::PropertyBuffer& read) {
+    if (std::ranges::any_of(read.values(), isOfEarlierForm))
+        return updateWhole(transaction, store, entry);
+    const std::uint16_t flags = flagsAfterUpdate(entry.flags, flagsChanged);
+    PropertyList list(PropertyList::Mode::update);
+    list.ui2UnlessZero(field::status, static_cast<std::uint16_t>(entry.status));
+    list.fileTimeUnlessZero(field::paidDate, entry.paidDate);
+    list.fileTime(field::stamp, entry.modified);
+    list.ui2(field::flags, flags);
+    if (store.write(transaction, entry.id, list) == RecordId::none)
         return false;
     entry.flags = flags;
     return true;

@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -60,6 +61,15 @@ void readTimeEntry(RecordId id, const platform::PropertyBuffer& properties, Time
 /// False, and the entry unchanged, when it was not written.
 [[nodiscard]] bool updateTimeEntry(platform::Transaction& transaction, RecordStore& store, TimeEntry& entry,
                                    std::uint16_t requestedFlags = flagsChanged);
+
+/// The properties that an entry must have been read from for `updateStatus`.
+[[nodiscard]] std::span<const platform::PropertyId> statusProperties();
+
+/// Rewrites the store's current record, an entry read from `read`, as `updateTimeEntry` does, but takes only status,
+/// paid date and time of change from `entry`; what else there is stays. A record of an earlier version is brought into
+/// today's form.
+[[nodiscard]] bool updateStatus(platform::Transaction& transaction, RecordStore& store, TimeEntry& entry,
+                                const platform::PropertyBuffer& read);
 
 /// Writes only the flags word, to the store's current record.
 [[nodiscard]] bool updateFlags(platform::Transaction& transaction, RecordStore& store, std::uint16_t flags);

@@ -1,7 +1,10 @@
 #include "app/bulk_selection.h"
 
 #include "platform/icu/icu_locale.h"
+#include "platform/utf.h"
 
+#include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 
 namespace hourwright::app {
@@ -57,6 +60,62 @@ TEST_F(BulkSelectionTest, OfAViewIsWhatPeriodAndFilterBothShow) {
     EXPECT_TRUE(selects(22, store::EntryStatus::billed));
     EXPECT_FALSE(selects(22, store::EntryStatus::paid));
     EXPECT_FALSE(selects(23, store::EntryStatus::billable));
+}
+
+// A change reads of an entry only what the selection says that it looks at; what is left out would count as empty.
+TEST_F(BulkSelectionTest, LooksAtEveryFieldThatAFilterTests) {
+    struct Case {
+        const char* name;
+        void (*ask)(EntryFilter&);
+    };
+    const Case cases[] = {
+        {"client", [](EntryFilter& f) { f.client = u"c"; }},
+        {"project", [](EntryFilter& f) { f.project = u"p"; }},
+        {"phase", [](EntryFilter& f) { f.phase = u"ph"; }},
+        {"task", [](EntryFilter& f) { f.task = u"t"; }},
+        {"bill to", [](EntryFilter& f) { f.billTo = u"b"; }},
+        {"currency", [](EntryFilter& f) { f.currency = u"EUR"; }},
+        {"custom 1", [](EntryFilter& f) { f.custom1 = u"1"; }},
+        {"custom 2", [](EntryFilter& f) { f.custom2 = u"2"; }},
+        {"custom 3", [](EntryFilter& f) { f.custom3 = u"3"; }},
+        {"rate type", [](EntryFilter& f) { f.rateType = 2; }},
+        {"status", [](EntryFilter& f) { f.showNonBillable = false; }},
+        {"range",
+         [](EntryFilter& f) {
+             f.rangeStart = november(2);
+             f.rangeEnd = november(3);
+         }},
+    };
+    platform::PropertyBuffer whole;
+    whole.reset(100, 0);
+    const std::pair<std::uint16_t, const char*> texts[] = {{1002, "c"},   {1003, "p"}, {1004, "ph"},
+                                                           {1005, "t"},   {1014, "b"}, {1015, "1"},
+                                                           {1007, "EUR"}, {1016, "2"}, {1017, "3"}};
+    for (const auto& [field, text] : texts)
+        whole.addText({field, platform::ValueType::text}, text);
+    whole.addNumber({1001, platform::ValueType::fileTime}, at(november(3)).ticks);
+    whole.addNumber({1018, platform::ValueType::ui2}, 2);
+    whole.addNumber({1019, platform::ValueType::ui2}, 1);
+    for (const Case& c : cases) {
+        EntryFilter filter;
+        c.ask(filter);
+        const auto selection = selectionOf(filter, *locale_);
+        platform::PropertyBuffer part;
+        part.reset(100, 0);
+        for (const platform::PropertyValue& value : whole.values()) {
+            if (std::ranges::find(selection.looksAt, value.id) == selection.looksAt.end())
+                continue;
+            if (value.id.type() == platform::ValueType::text)
+                part.addText(value.id, platform::toUtf8(value.text));
+            else
+                part.addNumber(value.id, value.number);
+        }
+        store::TimeEntry entry;
+        store::readTimeEntry(store::RecordId{1}, part, entry);
+        EXPECT_TRUE(selection.accepts(entry)) << c.name;
+        store::readTimeEntry(store::RecordId{1}, platform::PropertyBuffer(), entry);
+        EXPECT_FALSE(selection.accepts(entry)) << c.name;
+    }
 }
 
 TEST_F(BulkSelectionTest, NewCriteriaSpanThePeriod) {

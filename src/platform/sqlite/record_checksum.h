@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/object_store.h"
 #include "platform/sqlite/stored_value.h"
 
 #include <cstddef>
@@ -27,8 +28,8 @@ private:
 /// one.
 [[nodiscard]] std::uint32_t foldByTables(std::uint32_t state, std::span<const std::byte> bytes);
 
-/// Adds one stored value to a record's checksum: its property, then its number, or the length and bytes of its text
-/// or blob.
-void addToChecksum(RecordChecksum& checksum, const StoredValue& value);
+/// The checksum of a record: of its id and, for each value in stored order, its property, then its number, or the
+/// length and bytes of its text or blob.
+[[nodiscard]] std::uint32_t checksumOfRecord(ObjectId id, std::span<const StoredValue> values);
 
 } // namespace hourwright::platform::sqlite

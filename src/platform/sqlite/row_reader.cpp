@@ -33,7 +33,7 @@ bool RowReader::covers(std::span<const PropertyId> wanted) const {
     return std::ranges::all_of(wanted, [this](PropertyId id) { return std::ranges::find(only_, id) != only_.end(); });
 }
 
-const RowReader::Plan* RowReader::planFor(std::int64_t shapeNumber, Result& result) {
+RowReader::Plan* RowReader::planFor(std::int64_t shapeNumber, Result& result) {
     const auto index = static_cast<std::uint64_t>(shapeNumber);
     if (index < plans_.size() && plans_[index])
         return &*plans_[index];
@@ -46,54 +46,65 @@ const RowReader::Plan* RowReader::planFor(std::int64_t shapeNumber, Result& resu
     for (const PropertyId id : *shape) {
         const auto found = std::ranges::find(selected_, id);
         if (found != selected_.end()) {
-            plan.push_back({id, firstPropertyColumn + static_cast<int>(found - selected_.begin())});
+            plan.steps.push_back({id, firstPropertyColumn + static_cast<int>(found - selected_.begin())});
         } else if (selectsAll_) {
             result = Result::stale;
             return nullptr;
         }
+    }
+    for (int column = firstPropertyColumn; const PropertyId id : selected_) {
+        if (std::ranges::find(plan.steps, id, &PlanStep::id) == plan.steps.end())
+            plan.others.push_back(column);
+        ++column;
     }
     if (index >= plans_.size())
         plans_.resize(index + 1);
     return &plans_[index].emplace(std::move(plan));
 }
 
+std::span<const RowReader::PlanStep> RowReader::stepsFor(Plan& plan, std::span<const PropertyId> wanted) {
+    if (wanted.empty())
+        return plan.steps;
+    if (std::ranges::equal(wanted, plan.chosenFor))
+        return plan.chosen;
+    plan.chosenFor.assign(wanted.begin(), wanted.end());
+    plan.chosen.clear();
+    for (const PropertyId id : wanted) {
+        const auto found = std::ranges::find(plan.steps, id, &PlanStep::id);
+        if (found != plan.steps.end())
+            plan.chosen.push_back(*found);
+    }
+    return plan.chosen;
+}
+
 RowReader::Result RowReader::decode(const Statement& row, PropertyBuffer& out, std::span<const PropertyId> wanted) {
     Result result = Result::ok;
-    const Plan* plan = planFor(row.integer(shapeColumn), result);
+    Plan* const plan = planFor(row.integer(shapeColumn), result);
     if (plan == nullptr)
         return result;
-    if (!wanted.empty()) {
-        reordered_.clear();
-        for (const PropertyId id : wanted) {
-            const auto found = std::ranges::find(*plan, id, &PlanStep::id);
-            if (found != plan->end())
-                reordered_.push_back(*found);
-        }
-        plan = &reordered_;
-    }
-    fetch(row, *plan);
+    fetch(row, stepsFor(*plan, wanted));
     std::size_t units = 0;
     std::size_t bytes = 0;
-    for (std::size_t i = 0; i < plan->size(); ++i)
-        ((*plan)[i].id.type() == ValueType::text ? units : bytes) += fetched_[i].bytes.size();
+    for (const StoredValue& value : stored())
+        (value.id.type() == ValueType::text ? units : bytes) += value.bytes.size();
     out.reset(units, bytes);
-    for (std::size_t i = 0; i < plan->size(); ++i)
-        addTo(out, fetched_[i]);
+    for (const StoredValue& value : stored())
+        addTo(out, value);
     return result;
 }
 
-// Takes the values of the plan's columns, each with one look at the row.
-void RowReader::fetch(const Statement& row, const Plan& plan) {
-    if (fetched_.size() < plan.size())
-        fetched_.resize(plan.size());
-    fetchedCount_ = plan.size();
-    for (std::size_t i = 0; i < plan.size(); ++i) {
+// Takes the values of the columns, each with one look at the row.
+void RowReader::fetch(const Statement& row, std::span<const PlanStep> steps) {
+    if (fetched_.size() < steps.size())
+        fetched_.resize(steps.size());
+    fetchedCount_ = steps.size();
+    for (std::size_t i = 0; i < steps.size(); ++i) {
         StoredValue& value = fetched_[i];
-        value = {.id = plan[i].id};
-        switch (plan[i].id.type()) {
-        case ValueType::text: value.bytes = std::as_bytes(std::span(row.text(plan[i].column))); break;
-        case ValueType::blob: value.bytes = row.blob(plan[i].column); break;
-        default: value.number = static_cast<std::uint64_t>(row.integer(plan[i].column)); break;
+        value = {.id = steps[i].id};
+        switch (value.id.type()) {
+        case ValueType::text: value.bytes = std::as_bytes(std::span(row.text(steps[i].column))); break;
+        case ValueType::blob: value.bytes = row.blob(steps[i].column); break;
+        default: value.number = static_cast<std::uint64_t>(row.integer(steps[i].column)); break;
         }
     }
 }
@@ -102,23 +113,28 @@ RowReader::Result RowReader::fetch(const Statement& row) {
     Result result = Result::ok;
     const Plan* const plan = planFor(row.integer(shapeColumn), result);
     if (plan != nullptr)
-        fetch(row, *plan);
+        fetch(row, plan->steps);
     return result;
 }
 
 RowReader::Result RowReader::verify(const Statement& row) {
-    const Result result = fetch(row);
-    if (result != Result::ok)
+    Result result = Result::ok;
+    const Plan* const plan = planFor(row.integer(shapeColumn), result);
+    if (plan == nullptr)
         return result;
-    RecordChecksum checksum;
-    checksum.add(static_cast<std::uint64_t>(row.integer(idColumn)));
-    for (const StoredValue& value : stored())
-        addToChecksum(checksum, value);
-    // A value outside the shape, or one of it that is gone, is damage even if the checksum fits.
-    const auto present = std::ranges::count_if(
-        selected_, [&, column = firstPropertyColumn](PropertyId) mutable { return !row.isNull(column++); });
-    const bool matches = row.integer(checksumColumn) == std::int64_t{checksum.value()};
-    return matches && static_cast<std::size_t>(present) == fetchedCount_ ? Result::ok : Result::damaged;
+    fetch(row, plan->steps);
+    const std::uint32_t checksum = checksumOfRecord(static_cast<ObjectId>(row.integer(idColumn)), stored());
+    const bool matches = row.integer(checksumColumn) == std::int64_t{checksum};
+    return matches && hasItsShape(row, *plan) ? Result::ok : Result::damaged;
+}
+
+// A value outside the shape, or one of it that is gone, is damage even if the checksum fits. Of the values that were
+// taken only those that look like none have to be looked at again.
+bool RowReader::hasItsShape(const Statement& row, const Plan& plan) const {
+    for (std::size_t i = 0; i < fetchedCount_; ++i)
+        if (fetched_[i].number == 0 && fetched_[i].bytes.empty() && row.isNull(plan.steps[i].column))
+            return false;
+    return std::ranges::all_of(plan.others, [&row](int column) { return row.isNull(column); });
 }
 
 void RowReader::addTo(PropertyBuffer& out, const StoredValue& value) {

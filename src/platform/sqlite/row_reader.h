@@ -59,10 +59,18 @@ private:
         PropertyId id;
         int column = 0;
     };
-    using Plan = std::vector<PlanStep>;
+    /// Where the properties of a shape stand.
+    struct Plan {
+        std::vector<PlanStep> steps;       // in stored order
+        std::vector<int> others;           // the columns that the shape leaves empty
+        std::vector<PropertyId> chosenFor; // what was asked for last,
+        std::vector<PlanStep> chosen;      // and where that stands, in the order asked for
+    };
 
-    [[nodiscard]] const Plan* planFor(std::int64_t shape, Result& result);
-    void fetch(const Statement& row, const Plan& plan);
+    [[nodiscard]] Plan* planFor(std::int64_t shape, Result& result);
+    [[nodiscard]] static std::span<const PlanStep> stepsFor(Plan& plan, std::span<const PropertyId> wanted);
+    void fetch(const Statement& row, std::span<const PlanStep> steps);
+    [[nodiscard]] bool hasItsShape(const Statement& row, const Plan& plan) const;
     static void addTo(PropertyBuffer& out, const StoredValue& value);
 
     Table& table_;
@@ -73,8 +81,7 @@ private:
     std::uint64_t version_;
     std::string selectList_;
     std::vector<std::optional<Plan>> plans_; // by shape number
-    Plan reordered_;
-    std::vector<StoredValue> fetched_; // by place in the plan in use
+    std::vector<StoredValue> fetched_;       // by place in the steps in use
     std::size_t fetchedCount_ = 0;
 };
 

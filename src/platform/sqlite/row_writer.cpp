@@ -78,32 +78,37 @@ void RowWriter::renew() {
     prepared_.clear();
     last_ = nullptr;
     numbers_.clear();
+    lastShape_.clear();
     preparedFor_ = table_.columnsVersion();
 }
 
 bool RowWriter::findHead(ObjectId id, std::span<const StoredValue> values, RowHead& head) {
     renew();
     shape_.clear();
-    RecordChecksum checksum;
-    checksum.add(static_cast<std::uint64_t>(id));
-    for (const StoredValue& value : values) {
+    for (const StoredValue& value : values)
         shape_.push_back(value.id);
-        addToChecksum(checksum, value);
+    head.checksum = checksumOfRecord(id, values);
+    if (shape_ != lastShape_ || lastShape_.empty()) {
+        const auto number = numberOfShape();
+        if (!number)
+            return false;
+        lastShape_ = shape_;
+        lastNumber_ = *number;
     }
-    head.checksum = checksum.value();
-    const auto known = numbers_.find(shape_);
-    if (known != numbers_.end()) {
-        head.shape = known->second;
-        return true;
-    }
+    head.shape = lastNumber_;
+    return true;
+}
+
+std::optional<std::int64_t> RowWriter::numberOfShape() {
+    if (const auto known = numbers_.find(shape_); known != numbers_.end())
+        return known->second;
     if (!std::ranges::all_of(shape_, [this](PropertyId property) { return table_.ensureColumn(property); }))
-        return false;
+        return std::nullopt;
     const auto number = shapes_.numberOf(shape_);
     if (!number)
-        return false;
+        return std::nullopt;
     renew();
-    head.shape = numbers_.insert_or_assign(shape_, *number).first->second;
-    return true;
+    return numbers_.insert_or_assign(shape_, *number).first->second;
 }
 
 RowWriter::Outcome RowWriter::apply(const RecordChange& change) {

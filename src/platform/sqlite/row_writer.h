@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <unordered_map>
@@ -45,6 +46,7 @@ private:
     };
 
     void renew();
+    [[nodiscard]] std::optional<std::int64_t> numberOfShape();
     [[nodiscard]] Statement& statementFor(const RecordChange& change);
     [[nodiscard]] std::string sqlFor(const RecordChange& change) const;
 
@@ -54,7 +56,9 @@ private:
     std::uint64_t preparedFor_ = 0;
     std::vector<std::unique_ptr<Prepared>> prepared_;
     Prepared* last_ = nullptr;
-    Shape shape_; // of the record being written
+    Shape shape_;     // of the record being written
+    Shape lastShape_; // of the one before, with its number
+    std::int64_t lastNumber_ = 0;
     std::unordered_map<Shape, std::int64_t, ShapeHash> numbers_;
 };
 

@@ -245,7 +245,8 @@ PlatformError SqliteDatabase::mergeStored(RecordChange& change) {
             return result == RowReader::Result::stale ? std::nullopt : std::optional(PlatformError::fileCorrupt);
         merge_.layOver(scan.reader().stored());
         change.before = change.after = RowReader::head(row);
-        scan.takePlace(row, writtenPlace_);
+        if (!hasPlace_ || place_.id != change.record)
+            scan.takePlace(row, writtenPlace_);
         reordered_ = false;
         if (change.columns.empty())
             return PlatformError::none;
