@@ -60,8 +60,11 @@ void MainFrame::end() {
     window_.quit(0);
 }
 
-void MainFrame::use(const StartOptions& options) {
+bool MainFrame::use(const StartOptions& options) {
+    if (waiting_.size() >= maxWaitingLines)
+        return false;
     waiting_.push_back(options);
+    return true;
 }
 
 bool MainFrame::onIdle(unsigned /*count*/) {

@@ -16,6 +16,9 @@ namespace hourwright::app {
 /// Settings stored below this version belong to records that may be in an earlier form.
 inline constexpr std::uint32_t upgradedVersion = 261;
 
+/// How many command lines may wait for the frame to be idle, which it is not while a question is open.
+inline constexpr std::size_t maxWaitingLines = 256;
+
 /// The window, as the rules of the frame see it.
 class FrameWindow {
 public:
@@ -62,8 +65,9 @@ public:
     /// The session or a signal ends the program: stores the settings and quits, without a question.
     void end();
 
-    /// Does what a command line says, this program's own or one handed over, as soon as nothing else is going on.
-    void use(const StartOptions& options);
+    /// Does what a command line says, this program's own or one handed over, as soon as nothing else is going on. False,
+    /// and it is not done, when too many wait already; none of those is lost.
+    [[nodiscard]] bool use(const StartOptions& options);
 
     bool onIdle(unsigned count) override;
     bool preTranslateMessage(const platform::QueuedEvent& event) override;

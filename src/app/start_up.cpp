@@ -20,15 +20,36 @@ constexpr int standardDotsPerInch = 96;
 constexpr std::chrono::milliseconds patience{3000};
 constexpr int attempts = 60;
 
-// False when the other copy was gone before it could be reached.
-bool tell(platform::InstanceChannel& channel, const HandOver& handOver) {
-    if (!handOver.commandLine.empty() &&
-        channel.send(platform::handOverMessage(handOver.commandLine), patience).delivery == Delivery::nobody)
-        return false;
+enum class Told : std::uint8_t { nobody, other, otherRefused };
+
+// Nobody when the other copy was gone before it could be reached.
+Told tell(platform::InstanceChannel& channel, const HandOver& handOver) {
+    Delivery line = Delivery::answered;
+    if (!handOver.commandLine.empty())
+        line = channel.send(platform::handOverMessage(handOver.commandLine), patience).delivery;
+    if (line == Delivery::nobody)
+        return Told::nobody;
     const InstanceMessage forward{.kind = InstanceMessageKind::comeForward,
                                   .payload = std::string(handOver.activationToken)};
+    const bool forwarded = channel.send(forward, patience).delivery != Delivery::nobody;
+    if (line == Delivery::refused)
+        return Told::otherRefused;
     // A command line that has arrived must not be sent again.
-    return channel.send(forward, patience).delivery != Delivery::nobody || !handOver.commandLine.empty();
+    return forwarded || !handOver.commandLine.empty() ? Told::other : Told::nobody;
+}
+
+ClaimedInstance claimOrTell(platform::InstanceChannel& channel, const HandOver& handOver, StartUpSteps& steps,
+                            Told& told) {
+    ClaimedInstance claimed = channel.claim();
+    // The other copy may hold the lock before it listens, or end between two calls.
+    for (int i = 0; i < attempts && claimed.claim == Claim::otherRuns; ++i) {
+        told = tell(channel, handOver);
+        if (told != Told::nobody)
+            break;
+        steps.waitForOther();
+        claimed = channel.claim();
+    }
+    return claimed;
 }
 
 int runFrame(std::unique_ptr<platform::InstanceServer> server, StartUpSteps& steps) {
@@ -48,17 +69,17 @@ Rectangle frameRectangle(const WorkArea& workArea) {
 }
 
 ClaimedInstance findRunningInstance(platform::InstanceChannel& channel, const HandOver& handOver, StartUpSteps& steps) {
-    ClaimedInstance claimed = channel.claim();
-    // The other copy may hold the lock before it listens, or end between two calls.
-    for (int i = 0; i < attempts && claimed.claim == Claim::otherRuns && !tell(channel, handOver); ++i) {
-        steps.waitForOther();
-        claimed = channel.claim();
-    }
-    return claimed;
+    Told told = Told::nobody;
+    return claimOrTell(channel, handOver, steps, told);
 }
 
 int startUp(platform::InstanceChannel& channel, const HandOver& handOver, StartUpSteps& steps) {
-    ClaimedInstance claimed = findRunningInstance(channel, handOver, steps);
+    Told told = Told::nobody;
+    ClaimedInstance claimed = claimOrTell(channel, handOver, steps, told);
+    if (claimed.claim == Claim::otherRuns && told == Told::otherRefused) {
+        steps.refusedByOther();
+        return 1;
+    }
     if (claimed.claim == Claim::otherRuns)
         return 0;
     for (const auto library : {ControlLibrary::shellExtras, ControlLibrary::common, ControlLibrary::ink})

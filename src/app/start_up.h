@@ -39,6 +39,8 @@ public:
 
     /// Waits a moment for another copy that is just starting or ending.
     virtual void waitForOther() = 0;
+    /// Says that the running copy did not take the command line.
+    virtual void refusedByOther() = 0;
     /// False when there is nothing to show windows on.
     [[nodiscard]] virtual bool initControls(ControlLibrary library) = 0;
     virtual void initModule() = 0;
@@ -66,7 +68,7 @@ struct HandOver {
                                                             const HandOver& handOver, StartUpSteps& steps);
 
 /// The whole program: the exit code is 0 after a normal run and when another copy was found, 1 when there can be no
-/// main window.
+/// main window and when the other copy refused the command line.
 [[nodiscard]] int startUp(platform::InstanceChannel& channel, const HandOver& handOver, StartUpSteps& steps);
 
 } // namespace hourwright::app

@@ -11,6 +11,7 @@
 #include <QLocale>
 #include <QScreen>
 #include <chrono>
+#include <cstdio>
 #include <thread>
 
 namespace hourwright::desktop {
@@ -20,6 +21,13 @@ Application::Application(int& argc, char** argv, const app::StartOptions& option
 
 void Application::waitForOther() {
     std::this_thread::sleep_for(std::chrono::milliseconds(50));
+}
+
+void Application::refusedByOther() {
+    std::fputs(
+        "hourwright: the open window did not take the options: too many wait there for a question to be answered, "
+        "or it is of another version.\n",
+        stderr);
 }
 
 bool Application::initControls(app::ControlLibrary library) {

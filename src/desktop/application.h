@@ -17,6 +17,7 @@ public:
     Application(int& argc, char** argv, const app::StartOptions& options, platform::Directories directories);
 
     void waitForOther() override;
+    void refusedByOther() override;
     [[nodiscard]] bool initControls(app::ControlLibrary library) override;
     void initModule() override;
     [[nodiscard]] app::WorkArea workArea() override;

@@ -58,7 +58,7 @@ FrameHost::~FrameHost() {
 bool FrameHost::create(const app::Rectangle& rectangle) {
     if (!frame_.create(rectangle))
         return false;
-    frame_.use(options_);
+    static_cast<void>(frame_.use(options_)); // the first, so there is room
     if (server_) {
         server_->setHandler([this](const platform::InstanceMessage& message) { return answer(message); });
         notifier_ = std::make_unique<platform::QtInstanceNotifier>(*server_);
@@ -196,9 +196,8 @@ std::optional<std::string> FrameHost::answer(const platform::InstanceMessage& me
     switch (message.kind) {
     case handOver: {
         const auto line = platform::handedOverLine(message);
-        if (line)
-            frame_.use(app::parseHandOverLine(*line));
-        return line ? std::optional<std::string>("") : std::nullopt;
+        const bool taken = line && frame_.use(app::parseHandOverLine(*line));
+        return taken ? std::optional<std::string>("") : std::nullopt;
     }
     case comeForward:
         if (!message.payload.empty())

@@ -199,9 +199,9 @@ TEST_F(MainFrameTest, DoesWhatCommandLinesSayOneAnIdleCall) {
     ASSERT_TRUE(create());
     window_.log.clear();
     EXPECT_FALSE(frame_.onIdle(0));
-    frame_.use({.newEntry = true, .view = PeriodKind::month, .date = platform::SystemTime{.day = 5}});
-    frame_.use({});
-    frame_.use({.error = "bad"});
+    EXPECT_TRUE(frame_.use({.newEntry = true, .view = PeriodKind::month, .date = platform::SystemTime{.day = 5}}));
+    EXPECT_TRUE(frame_.use({}));
+    EXPECT_TRUE(frame_.use({.error = "bad"}));
     EXPECT_TRUE(window_.log.empty());
     EXPECT_TRUE(frame_.onIdle(0));
     EXPECT_EQ(window_.log, (Log{"period 3 5", "new"}));
@@ -210,6 +210,20 @@ TEST_F(MainFrameTest, DoesWhatCommandLinesSayOneAnIdleCall) {
     EXPECT_FALSE(frame_.onIdle(2));
     EXPECT_EQ(messages_.ids(), Ids{StringId::handOverUnreadable});
     EXPECT_EQ(window_.log.size(), 2U);
+}
+
+TEST_F(MainFrameTest, RefusesCommandLinesWhenTooManyWaitAndLosesNone) {
+    ASSERT_TRUE(create());
+    window_.log.clear();
+    for (std::size_t i = 0; i < maxWaitingLines; ++i)
+        ASSERT_TRUE(frame_.use({.newEntry = true}));
+    EXPECT_FALSE(frame_.use({.newEntry = true}));
+    frame_.onIdle(0);
+    EXPECT_TRUE(frame_.use({.newEntry = true}));
+    EXPECT_FALSE(frame_.use({.newEntry = true}));
+    while (frame_.onIdle(1)) {
+    }
+    EXPECT_EQ(window_.log.size(), maxWaitingLines + 1);
 }
 
 TEST_F(MainFrameTest, RefusesFilesWithTheReason) {
@@ -230,7 +244,7 @@ TEST_F(MainFrameTest, RefusesFilesWithTheReason) {
         if (c.exists)
             std::ofstream(folder / c.name) << "x";
         messages_.shown.clear();
-        frame_.use({.file = folder / c.name});
+        EXPECT_TRUE(frame_.use({.file = folder / c.name}));
         frame_.onIdle(0);
         EXPECT_EQ(messages_.ids(), Ids{c.message}) << c.name;
     }

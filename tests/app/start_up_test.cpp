@@ -59,6 +59,7 @@ public:
         log.push_back("controls " + std::to_string(static_cast<int>(library)));
         return library != failing;
     }
+    void refusedByOther() override { log.emplace_back("refused"); }
     void initModule() override { log.emplace_back("module"); }
     [[nodiscard]] WorkArea workArea() override { return {{.left = 1, .top = 2, .width = 480, .height = 600}, 192}; }
     [[nodiscard]] bool createFrame(std::u16string_view title, const Rectangle& rectangle,
@@ -148,6 +149,13 @@ TEST(StartUp, HandsOverOnlyWhatThereIs) {
             EXPECT_EQ(channel.sent.front().payload.size(), (line.size() + 1) * 2);
         }
     }
+}
+
+TEST(StartUp, SaysThatTheOtherCopyRefused) {
+    ScriptedChannel channel({Claim::otherRuns}, {Delivery::refused, Delivery::answered});
+    RecordingSteps steps;
+    EXPECT_EQ(startUp(channel, {.commandLine = u"x.hwd", .activationToken = {}}, steps), 1);
+    EXPECT_EQ(steps.log, Log{"refused"});
 }
 
 TEST(StartUp, BearsWithACopyThatIsStartingOrEnding) {

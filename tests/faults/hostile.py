@@ -10,6 +10,9 @@ from run import Result
 from window import DATA_CHANGED, HAND_OVER, MOST_PAYLOAD, TIMERS, frame
 
 
+MOST_WAITING = 256
+
+
 def hostile_messages(run):
     """After and during every attack the window answers honest requests, and the records are as before."""
     result = Result()
@@ -38,6 +41,20 @@ def attack_all(run, victim, result, number):
     process.send_signal(signal.SIGCONT)
     second = window.wait_for(window.start_window(run, home, ["--view", "week"]), window.PATIENCE)
     result.add(None if second == 0 else f"exit {second}", f"second start, round {number}")
+    result.add(queue_without_end(run, home), f"more command lines than can wait, round {number}")
+    result.add(not_answering(*victim), f"more command lines than can wait, round {number}, afterwards")
+
+
+def queue_without_end(run, home):
+    """While a question is open command lines wait: the first are taken, the later ones refused, and a second start is
+    told so."""
+    window.ask(home, HAND_OVER, line_payload("--new-entry"))
+    replies = [window.ask(home, HAND_OVER, line_payload("--view week")) for _ in range(MOST_WAITING + 20)]
+    taken = replies.count(frame(0))
+    if replies != [frame(0)] * taken + [frame(1)] * (len(replies) - taken) or not 0 < taken <= MOST_WAITING:
+        return f"{taken} are taken, {replies.count(frame(1))} refused"
+    code = window.wait_for(window.start_window(run, home, ["--view", "week"]), window.PATIENCE)
+    return None if code == 1 else f"a start that is refused exits with {code}"
 
 
 def not_answering(process, home, patience=window.PATIENCE):
@@ -109,7 +126,11 @@ def wrong_encodings(home, random):
 
 
 def line(text):
-    return frame(HAND_OVER, (text.encode("utf-16-le") + b"\0\0")[-MOST_PAYLOAD:])
+    return frame(HAND_OVER, line_payload(text))
+
+
+def line_payload(text):
+    return (text.encode("utf-16-le") + b"\0\0")[-MOST_PAYLOAD:]
 
 
 def absurd_lines(home, random):
