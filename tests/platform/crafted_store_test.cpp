@@ -54,6 +54,26 @@ TEST_F(CraftedStoreTest, WhatOnlyACraftedFileHasIsRefused) {
     }
 }
 
+TEST_F(CraftedStoreTest, WhatHasNoChecksumIsComparedWithWhatElseSaysIt) {
+    const std::string each[] = {
+        "UPDATE databases SET sort_property = sort_property + 65536", // another field
+        "UPDATE databases SET sort_property = sort_property - 1",     // no type that there is
+        "DROP INDEX " + table() + "_order",
+        "UPDATE volume SET next_id = 1",
+        "UPDATE volume SET next_id = 4294967297",
+        "INSERT INTO volume SELECT next_id + 1 FROM volume",
+    };
+    const auto isSound = [this] { return openSqliteObjectStore(file_).store->check([](std::string_view) {}); };
+    ASSERT_TRUE(isSound());
+    for (const std::string& sql : each) {
+        const std::filesystem::path clean = directory_ / "clean.db";
+        std::filesystem::copy_file(file_, clean, std::filesystem::copy_options::overwrite_existing);
+        craft(sql);
+        EXPECT_FALSE(isSound()) << sql;
+        std::filesystem::copy_file(clean, file_, std::filesystem::copy_options::overwrite_existing);
+    }
+}
+
 TEST_F(CraftedStoreTest, WhatIsForOthersIsLeftAlone) {
     craft("CREATE VIEW totals AS SELECT count(*) FROM " + table() + "; CREATE TABLE notes(text); ANALYZE");
     const auto opened = openSqliteObjectStore(file_);

@@ -36,6 +36,29 @@ bool checkIds(Connection& connection, const DatabaseInfo& database, const Report
     return false;
 }
 
+// The counter has no checksum: it must at least be above all that was given and leave numbers to give.
+bool checkCounter(Connection& connection, const Report& report) {
+    Statement row(connection, "SELECT count(*) = 1 AND min(typeof(next_id)) = 'integer' AND min(next_id) > (SELECT"
+                              " coalesce(max(id), 0) FROM databases) AND max(next_id) <= 4294967296 FROM volume");
+    if (row.step() == Step::row && row.integer(0) == 1)
+        return true;
+    report("the volume's next id cannot be right");
+    return false;
+}
+
+// Neither has the row of a database. Name and type stand in an index, too, which the structure's check compares; the
+// sort property stands in the definition of the index that serves the order.
+bool checkOrder(Connection& connection, const DatabaseInfo& database, const Report& report) {
+    Statement row(connection, "SELECT name FROM pragma_index_info(?1)");
+    const std::string index = tableName(database.id) + "_order";
+    row.bind(1, index);
+    if (isKnownType(database.sortProperty.type()) && row.step() == Step::row &&
+        row.text(0) == columnName(database.sortProperty))
+        return true;
+    report(printableUtf8(database.name) + ": the sort property is not that of the index");
+    return false;
+}
+
 bool checkRecords(Volume& volume, const DatabaseInfo& database, const Report& report) {
     const auto table = volume.table(database.id);
     if (!table)
@@ -86,7 +109,10 @@ bool checkHistory(Volume& volume, const Report& report) {
 
 bool checkStore(Volume& volume, std::span<const DatabaseInfo> databases, const Report& report) {
     bool sound = checkStructure(volume.connection(), report);
+    sound = checkCounter(volume.connection(), report) && sound;
     for (const DatabaseInfo& database : databases) {
+        if (!checkOrder(volume.connection(), database, report))
+            sound = false;
         if (!checkIds(volume.connection(), database, report))
             sound = false;
         if (!checkRecords(volume, database, report))
