@@ -4,8 +4,9 @@ DESTDIR ?=
 JOBS ?= 2
 # How many entries the stores of `make bench` hold, one size after the other.
 ENTRIES ?= 20000 1000000
-# How long `make fuzz` tries each target.
+# How long `make fuzz` tries each target, or, when given, how many times.
 SECONDS ?= 60
+EXECUTIONS ?=
 
 launcher := $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 configure = cmake --log-level=WARNING --preset $(1) $(launcher)
@@ -56,7 +57,7 @@ fuzz:
 	@tools/setup clang libclang-rt-14-dev
 	$(call configure,fuzz)
 	$(call build,fuzz) --target fuzz_targets
-	fuzz/run build/fuzz/bin $(SECONDS)
+	EXECUTIONS=$(EXECUTIONS) fuzz/run build/fuzz/bin $(SECONDS)
 
 install: setup
 	$(call configure,release)
