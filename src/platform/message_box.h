@@ -9,7 +9,7 @@
 namespace hourwright::platform {
 
 enum class Icon : std::uint8_t { exclamation, stop, question, warning, information };
-enum class Buttons : std::uint8_t { ok, okCancel, yesNo };
+enum class Buttons : std::uint8_t { ok, okCancel, yesNo, yesNoCancel };
 enum class Answer : std::uint8_t { ok, cancel, yes, no };
 
 /// A message or a question to the user, titled "Hourwright". `text` is the message as shown: the string of the number

@@ -198,6 +198,17 @@ constexpr std::array table = {
         u"copy? The present file is kept under another name."},
     Row{StringId::restoreAtNextStart,
         u"The copy will be restored when Hourwright is started again. Hourwright ends now."},
+    Row{StringId::recordsGone, u"The file of the records is not there any more, but copies of it are."},
+    Row{StringId::recordsGoneOffer,
+        u"The file of your records is not there any more.\n\nThe newest sound copy was made on %s and has %s records. "
+        u"What was recorded after that is not in it.\n\nDo you want to put this copy in the file's place? \"No\" "
+        u"begins "
+        u"without any records, \"Cancel\" ends Hourwright."},
+    Row{StringId::recordsGoneNoCopy,
+        u"The file of your records is not there any more, and no sound copy of it was found.\n\nDo you want to begin "
+        u"without any records? \"No\" ends Hourwright."},
+    Row{StringId::draftOffer, u"Hourwright ended on %s while this was being edited:\n\n%s\n\nDo you want to go on with "
+                              u"it? \"No\" forgets what was typed."},
 };
 
 static_assert(std::ranges::is_sorted(table, {}, &Row::id));

@@ -161,6 +161,10 @@ enum class StringId : std::uint16_t {
     automaticCopyFailed = 9338,
     recordsDamaged = 9339,
     restoreAtNextStart = 9340,
+    recordsGone = 9350,
+    recordsGoneOffer = 9351,
+    recordsGoneNoCopy = 9352,
+    draftOffer = 9353,
 };
 
 /// The text with this number; empty for a number that is not in the table.

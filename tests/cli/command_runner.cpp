@@ -60,6 +60,7 @@ public:
         switch (message.buttons) {
         case platform::Buttons::ok: return platform::Answer::ok;
         case platform::Buttons::okCancel: return yes_ ? platform::Answer::ok : platform::Answer::cancel;
+        case platform::Buttons::yesNoCancel: return yes_ ? platform::Answer::yes : platform::Answer::cancel;
         case platform::Buttons::yesNo: break;
         }
         return yes_ ? platform::Answer::yes : platform::Answer::no;

@@ -93,6 +93,7 @@ TEST(TerminalMessageBoxTest, AsksUntilItIsAnswered) {
     };
     constexpr auto yesNo = Buttons::yesNo;
     constexpr auto okCancel = Buttons::okCancel;
+    constexpr auto yesNoCancel = Buttons::yesNoCancel;
     const Case cases[] = {
         {"y\n", yesNo, Answer::no, Answer::yes, "Sure \u00E4? [y/N] "},
         {" YES\t\r\n", yesNo, Answer::no, Answer::yes, "Sure \u00E4? [y/N] "},
@@ -108,6 +109,8 @@ TEST(TerminalMessageBoxTest, AsksUntilItIsAnswered) {
         {"cancel\n", okCancel, Answer::ok, Answer::cancel, "Sure \u00E4? [OK/cancel] "},
         {"\n", okCancel, Answer::ok, Answer::ok, "Sure \u00E4? [OK/cancel] "},
         {"", okCancel, Answer::ok, Answer::cancel, "Sure \u00E4? [OK/cancel] \n"},
+        {"yes\n", yesNoCancel, Answer::cancel, Answer::yes, "Sure \u00E4? [y/CANCEL] "},
+        {"no\n", yesNoCancel, Answer::yes, Answer::cancel, "Sure \u00E4? [Y/cancel] "},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.typed);

@@ -14,7 +14,8 @@ namespace hourwright::platform {
 
 namespace {
 
-// The two answers to a question, and how they are offered when the one or the other is the default.
+// The two answers to a question, and how they are offered when the one or the other is the default. Of three answers
+// a terminal has the first and the last.
 struct Choice {
     Answer accept;
     Answer refuse;
@@ -23,12 +24,19 @@ struct Choice {
 };
 
 constexpr Choice yesOrNo{Answer::yes, Answer::no, " [Y/n] ", " [y/N] "};
+constexpr Choice yesOrCancel{Answer::yes, Answer::cancel, " [Y/cancel] ", " [y/CANCEL] "};
 constexpr Choice okOrCancel{Answer::ok, Answer::cancel, " [OK/cancel] ", " [ok/CANCEL] "};
 constexpr std::array<std::string_view, 4> acceptingWords{"y", "yes", "o", "ok"};
 constexpr std::array<std::string_view, 4> refusingWords{"n", "no", "c", "cancel"};
 
 const Choice& choiceOf(Buttons buttons) {
-    return buttons == Buttons::yesNo ? yesOrNo : okOrCancel;
+    switch (buttons) {
+    case Buttons::yesNo: return yesOrNo;
+    case Buttons::yesNoCancel: return yesOrCancel;
+    case Buttons::ok:
+    case Buttons::okCancel: break;
+    }
+    return okOrCancel;
 }
 
 // One line without its end, byte by byte so that nothing behind it is taken; nothing at the end of input.

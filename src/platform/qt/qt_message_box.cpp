@@ -24,6 +24,7 @@ QMessageBox::StandardButtons buttonsOf(Buttons buttons) {
     switch (buttons) {
     case Buttons::okCancel: return QMessageBox::Ok | QMessageBox::Cancel;
     case Buttons::yesNo: return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::yesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     case Buttons::ok: break;
     }
     return QMessageBox::Ok;
