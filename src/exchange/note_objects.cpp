@@ -1,13 +1,16 @@
 #include "exchange/note_objects.h"
 
-#include "exchange/packed_bytes.h"
 #include "exchange/rtf_scan.h"
+#include "platform/packed_bytes.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 
 namespace hourwright::exchange {
+
+using platform::PackedReader;
+using platform::PackedWriter;
 
 namespace {
 

@@ -1,9 +1,12 @@
 #include "exchange/timer_messages.h"
 
-#include "exchange/packed_bytes.h"
+#include "platform/packed_bytes.h"
 #include "platform/utf.h"
 
 namespace hourwright::exchange {
+
+using platform::PackedReader;
+using platform::PackedWriter;
 
 namespace {
 

@@ -1,8 +1,8 @@
-#include "exchange/packed_bytes.h"
+#include "platform/packed_bytes.h"
 
 #include <limits>
 
-namespace hourwright::exchange {
+namespace hourwright::platform {
 
 void PackedWriter::number(std::uint64_t value) {
     while (value >= 0x80) {
@@ -45,6 +45,15 @@ bool PackedReader::number32(std::uint32_t& out) {
     return !failed_ && value <= std::numeric_limits<std::uint32_t>::max();
 }
 
+std::vector<std::byte> PackedReader::bytes(std::size_t count) {
+    failed_ = failed_ || count > bytes_.size();
+    if (failed_)
+        return {};
+    const auto taken = bytes_.first(count);
+    bytes_ = bytes_.subspan(count);
+    return {taken.begin(), taken.end()};
+}
+
 bool PackedReader::text(std::string& out) {
     const std::uint64_t size = number();
     if (failed_ || size > bytes_.size())
@@ -57,4 +66,4 @@ bool PackedReader::text(std::string& out) {
     return true;
 }
 
-} // namespace hourwright::exchange
+} // namespace hourwright::platform

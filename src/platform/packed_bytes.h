@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace hourwright::exchange {
+namespace hourwright::platform {
 
 /// Packs numbers and bytes. A number takes seven bits a byte, the lowest first, with the high bit set in all but its
 /// last byte; a text its length as a number and then its bytes.
@@ -32,6 +32,8 @@ public:
     /// False also for a number of more than 32 bits.
     [[nodiscard]] bool number32(std::uint32_t& out);
     [[nodiscard]] bool text(std::string& out);
+    /// So many bytes; none, and it has failed, when fewer are left.
+    [[nodiscard]] std::vector<std::byte> bytes(std::size_t count);
     /// What is left.
     [[nodiscard]] std::span<const std::byte> rest() const { return bytes_; }
     [[nodiscard]] std::size_t left() const { return bytes_.size(); }
@@ -43,4 +45,4 @@ private:
     bool failed_ = false;
 };
 
-} // namespace hourwright::exchange
+} // namespace hourwright::platform
