@@ -20,6 +20,10 @@ public:
 
     void type(OdometerField field, std::u16string text);
     [[nodiscard]] const std::u16string& text(OdometerField field) const;
+    /// The end that was typed and stays; nothing when it follows from the others.
+    [[nodiscard]] std::optional<std::u16string> typedEnd() const {
+        return endTyped_ ? std::optional(end_) : std::nullopt;
+    }
 
     /// What is wrong with an end that was typed; start and distance are checked with their expense.
     [[nodiscard]] std::optional<FieldRefusal<OdometerField>> checkEnd() const;

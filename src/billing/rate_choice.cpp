@@ -122,4 +122,11 @@ void RateChoice::putInto(EntryDraft& draft) const {
     draft.chosenRate = typed_ ? std::nullopt : std::optional(rate_);
 }
 
+void RateChoice::takeFrom(const EntryDraft& draft) {
+    type_ = draft.rateType.value_or(type_);
+    typeUnlessFixed_ = unlessFixed(type_);
+    rate_ = draft.chosenRate.value_or(rate_);
+    typed_ = draft.rate;
+}
+
 } // namespace hourwright::billing

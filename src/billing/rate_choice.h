@@ -63,6 +63,8 @@ public:
 
     /// Puts rate and type into the draft, which checks a rate that was typed.
     void putInto(EntryDraft& draft) const;
+    /// Takes them back from it.
+    void takeFrom(const EntryDraft& draft);
 
 private:
     std::int32_t rate_;
