@@ -12,6 +12,7 @@
 #include "platform/utf.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QTimer>
 #include <algorithm>
 
@@ -73,6 +74,20 @@ void FrameHost::saveState() {
     savePlace(*window_, *registry_);
     frame_.settings().save(*registry_);
     timers_->control().writeJournal();
+    drafts_->keep();
+}
+
+void FrameHost::watchDrafts() {
+    draftJournal_ = platform::openSqliteRegistry(directories_.state / "drafts.db");
+    drafts_ = std::make_unique<DraftKeeper>(*workspace_, *draftJournal_);
+    drafts_->reopen = [this](const app::KeptRecord& record) {
+        QDialog* dialog = window_->reopen(record);
+        const auto* entry = std::get_if<app::KeptEntry>(&record);
+        if (dialog != nullptr && entry != nullptr && entry->timer)
+            QObject::connect(dialog, &QDialog::finished, window_.get(),
+                             [this, timer = *entry->timer] { timers_->control().freeCompleted(timer); });
+        return dialog;
+    };
 }
 
 // Nobody is asked any more. A change that is being made is waited for; it ends by itself.
@@ -135,10 +150,12 @@ void FrameHost::createViews(const app::Rectangle& rectangle) {
     timerJournal_ = platform::openSqliteRegistry(directories_.state / "timers.db");
     timers_ =
         std::make_unique<TimerDesk>(*window_, billing::TimerSet::instance(), vibrator_, *timerJournal_, idleTime_);
+    watchDrafts();
     dailyCopy_ = std::make_unique<DailyCopy>(*workspace_, std::move(copies_));
     QObject::connect(dailyCopy_.get(), &DailyCopy::restartWanted, window_.get(), &QWidget::close);
     window_->mayClose = [this] {
         savePlace(*window_, *registry_);
+        drafts_->keep();
         if (!frame_.close())
             return false;
         timers_->control().forget();
@@ -155,6 +172,7 @@ void FrameHost::showToday() {
     else
         window_->show();
     timers_->start();
+    drafts_->start();
     dailyCopy_->start();
 }
 

@@ -3,6 +3,7 @@
 #include "app/main_frame.h"
 #include "desktop/change_watch.h"
 #include "desktop/copies/daily_copy.h"
+#include "desktop/drafts/draft_keeper.h"
 #include "desktop/main_window.h"
 #include "desktop/timers/timer_desk.h"
 #include "desktop/workspace.h"
@@ -53,6 +54,7 @@ public:
 
 private:
     void saveState();
+    void watchDrafts();
     void endNow();
     [[nodiscard]] std::optional<std::string> answer(const platform::InstanceMessage& message);
     [[nodiscard]] platform::PlatformError openRecords();
@@ -75,11 +77,13 @@ private:
     std::unique_ptr<Workspace> workspace_;
     std::unique_ptr<ChangeWatch> watch_;
     std::unique_ptr<platform::Registry> timerJournal_;
+    std::unique_ptr<platform::Registry> draftJournal_;
     platform::QtSystemTimer tick_;
     platform::LedClassVibrator vibrator_;
     platform::SessionIdleTime idleTime_;
     std::unique_ptr<MainWindow> window_;
     std::unique_ptr<TimerDesk> timers_;
+    std::unique_ptr<DraftKeeper> drafts_;
     std::unique_ptr<platform::QtInstanceNotifier> notifier_;
     std::unique_ptr<platform::StoreCopies> copies_;
     std::unique_ptr<DailyCopy> dailyCopy_;

@@ -55,6 +55,8 @@ public:
     std::function<bool()> mayClose;
     /// Opens the editor on a new record that begins with the seed.
     std::function<void(const EntrySeed&)> openNew;
+    /// Opens the editor on a draft that was left behind.
+    std::function<QDialog*(const app::KeptRecord&)> reopen;
     /// How expenses are edited; set by their commands.
     RecordEditing expenseEditing;
     std::function<void()> loadDemo;

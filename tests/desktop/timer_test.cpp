@@ -34,8 +34,10 @@ public:
 class TimerTest : public test::DesktopFixture {
 protected:
     TimerTest() {
-        control.openEditor = [this](const store::TimeEntry& entry, std::function<void()> closed) {
+        control.openEditor = [this](const store::TimeEntry& entry, const std::optional<app::KeptTimer>& timer,
+                                    std::function<void()> closed) {
             edited.push_back(entry);
+            completed = timer;
             closeEditor = std::move(closed);
         };
     }
@@ -53,8 +55,27 @@ protected:
     test::MemoryRegistry journal;
     TimerControl control{workspace(), timers, leds, journal};
     std::vector<store::TimeEntry> edited;
+    std::optional<app::KeptTimer> completed;
     std::function<void()> closeEditor;
 };
+
+// A draft of an entry that completes a timer may come back together with that timer; its time must not count twice.
+TEST_F(TimerTest, ADraftFreesTheTimerThatItCompletesAndNoOther) {
+    control.add({.client = u"Other"}, {});
+    control.add({.client = u"Acme"}, {});
+    run(60);
+    control.complete(1);
+    ASSERT_TRUE(completed.has_value());
+    const app::KeptTimer timer = *completed;
+    control.freeCompleted({9, timer.start});
+    control.freeCompleted({1, {timer.start.ticks + 1}}); // another one in this slot
+    EXPECT_EQ(timers.inUse(), 2U);
+    control.freeCompleted(timer);
+    EXPECT_TRUE(timers.slot(1).isFree());
+    EXPECT_EQ(timers.inUse(), 1U);
+    control.freeCompleted(timer);
+    EXPECT_EQ(timers.inUse(), 1U);
+}
 
 TEST_F(TimerTest, VibratesWhenATimerStartsAndPausesIfWanted) {
     control.add({}, {});

@@ -1,4 +1,6 @@
+#include "app/drafts/draft_journal.h"
 #include "app/timer_recovery.h"
+#include "desktop/editor/entry_dialog.h"
 #include "desktop/frame_host.h"
 #include "platform/posix/unix_instance_channel.h"
 #include "platform/qt/qt_event_queue.h"
@@ -8,13 +10,18 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
+#include <QTextEdit>
+#include <QTimer>
 #include <algorithm>
 #include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -269,6 +276,38 @@ TEST_F(WindowProgramsTest, EndsInOrderWhenTheSystemSaysSo) {
     const auto left = app::TimerJournal(*journal).read().timers;
     ASSERT_EQ(left.size(), 1U);
     EXPECT_EQ(left.front().timer.names().client, u"Acme");
+}
+
+// Told to end, the program loses nothing of what is being edited: the next one offers it.
+TEST_F(OpenWindowTest, OffersWhatWasBeingEditedWhenItHadToEnd) {
+    host_->window().commands().run(app::Command::newEntry);
+    auto* editor = host_->window().findChild<desktop::EntryDialog*>();
+    ASSERT_NE(editor, nullptr);
+    editor->findChild<QTextEdit*>()->insertPlainText("The whole morning");
+    QTimer::singleShot(0, [] { kill(getpid(), SIGTERM); });
+    EXPECT_EQ(QApplication::exec(), 0);
+    host_.reset();
+
+    const auto file = platform::userDirectories(home(), platform::processEnvironment).state / "drafts.db";
+    struct stat info {};
+    ASSERT_EQ(stat(file.c_str(), &info), 0);
+    EXPECT_EQ(info.st_mode & 0777U, 0600U);
+
+    open({});
+    QTimer answer;
+    QObject::connect(&answer, &QTimer::timeout, [] {
+        if (auto* question = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+            question->button(QMessageBox::Yes)->click();
+    });
+    answer.start(20ms);
+    ASSERT_TRUE(QTest::qWaitFor([&] {
+        editor = host_->window().findChild<desktop::EntryDialog*>();
+        return editor != nullptr;
+    }));
+    EXPECT_EQ(editor->findChild<QTextEdit*>()->toPlainText(), "The whole morning");
+    editor->done(QDialog::Rejected);
+    const auto journal = platform::openSqliteRegistry(file);
+    EXPECT_TRUE(app::DraftJournal(*journal).read().empty());
 }
 
 TEST_F(OpenWindowTest, KeepsItsPlaceAndItsSettings) {

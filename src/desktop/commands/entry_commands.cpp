@@ -80,6 +80,12 @@ public:
         dialog->open();
     }
 
+    QDialog* reopen(const app::KeptEntry& kept) {
+        EntryDialog* dialog = open(kept.stored);
+        dialog->restore(kept);
+        return dialog;
+    }
+
 private:
     EntryDialog* open(store::TimeEntry entry) {
         auto* dialog = new EntryDialog(window_.workspace(), std::move(entry), &window_);
@@ -112,6 +118,11 @@ void addSingleCommands(MainWindow& window) {
             editing->openNew(seed);
         else if (window.expenseEditing.openNew)
             window.expenseEditing.openNew(seed);
+    };
+    window.reopen = [&window, editing](const app::KeptRecord& record) -> QDialog* {
+        if (const auto* entry = std::get_if<app::KeptEntry>(&record))
+            return editing->reopen(*entry);
+        return window.expenseEditing.reopen(std::get<app::KeptExpense>(record));
     };
     window.commands().set(Command::newEntry, [&window, editing] { editing->openNew(newSeed(window)); });
     const auto onSelected = [&window](Command command, std::function<void(RecordId)> ofEntry,

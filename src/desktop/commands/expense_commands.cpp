@@ -24,17 +24,25 @@ void reveal(MainWindow& window, const ExpenseEntry& expense) {
     window.select(std::array{expense.id});
 }
 
-void create(MainWindow& window, const ExpenseEntry& expense) {
-    ExpenseDialog dialog(window.workspace(), expense, &window);
-    if (dialog.exec() == QDialog::Accepted)
-        reveal(window, dialog.expense());
+// A new expense is shown where it belongs; one that is there already is where it was.
+ExpenseDialog* open(MainWindow& window, const ExpenseEntry& expense) {
+    auto* dialog = new ExpenseDialog(window.workspace(), expense, &window);
+    const bool isNew = expense.id == store::RecordId::none;
+    QObject::connect(dialog, &QDialog::accepted, &window, [&window, dialog, isNew] {
+        if (isNew)
+            reveal(window, dialog->expense());
+        else
+            window.select(std::array{dialog->expense().id});
+    });
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
+    return dialog;
 }
 
 void createNew(MainWindow& window, ExpenseType type, const platform::SystemTime& day) {
     auto& workspace = window.workspace();
     const auto last = type == ExpenseType::mileage ? billing::lastMileage(workspace.stores().expenses()) : std::nullopt;
-    create(window,
-           billing::newExpense(type, app::newEntryDefaults(workspace.settings()), day, last ? &*last : nullptr));
+    open(window, billing::newExpense(type, app::newEntryDefaults(workspace.settings()), day, last ? &*last : nullptr));
 }
 
 // The expense with this id; nothing, with the failure shown, when it cannot be read. One that is gone is no failure.
@@ -60,16 +68,17 @@ void addExpenseCommands(MainWindow& window) {
     window.commands().set(app::Command::newMileageExpense,
                           [&window, day] { createNew(window, ExpenseType::mileage, day()); });
     window.expenseEditing.edit = [&window](store::RecordId id) {
-        const auto expense = find(window.workspace(), id);
-        if (!expense)
-            return;
-        ExpenseDialog dialog(window.workspace(), *expense, &window);
-        if (dialog.exec() == QDialog::Accepted)
-            window.select(std::array{dialog.expense().id});
+        if (const auto expense = find(window.workspace(), id))
+            open(window, *expense);
     };
     window.expenseEditing.createCopy = [&window](store::RecordId id) {
         if (const auto expense = find(window.workspace(), id))
-            create(window, billing::copyOf(*expense, window.workspace().clock().localTime()));
+            open(window, billing::copyOf(*expense, window.workspace().clock().localTime()));
+    };
+    window.expenseEditing.reopen = [&window](const app::KeptExpense& kept) -> QDialog* {
+        ExpenseDialog* dialog = open(window, kept.stored);
+        dialog->restore(kept);
+        return dialog;
     };
 }
 

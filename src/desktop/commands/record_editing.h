@@ -1,8 +1,11 @@
 #pragma once
 
+#include "app/drafts/kept_draft.h"
 #include "desktop/record_view.h"
 
 #include <functional>
+
+class QDialog;
 
 namespace hourwright::desktop {
 
@@ -12,6 +15,7 @@ struct RecordEditing {
     std::function<void(const EntrySeed&)> openNew;
     std::function<void(store::RecordId)> edit;
     std::function<void(store::RecordId)> createCopy;
+    std::function<QDialog*(const app::KeptExpense&)> reopen; ///< goes on with a draft that was left behind
 };
 
 } // namespace hourwright::desktop

@@ -195,7 +195,7 @@ void EntryDialog::takeTimes(const store::TimeEntry& timed) {
 }
 
 bool EntryDialog::isChanged() const {
-    return timesTaken_ || collect() != initial_;
+    return timesTaken_ || restored_ || collect() != initial_;
 }
 
 void EntryDialog::accept() {

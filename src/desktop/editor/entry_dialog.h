@@ -2,6 +2,7 @@
 
 #include "billing/entry_preview.h"
 #include "desktop/dialog.h"
+#include "desktop/drafts/draft_source.h"
 #include "desktop/editor/client_offer.h"
 
 class QTabWidget;
@@ -14,7 +15,7 @@ class GeneralPage;
 class NoteEditor;
 
 /// The editor of one time entry, new (id none) or stored, on four pages. It stores the entry itself.
-class EntryDialog : public Dialog {
+class EntryDialog : public Dialog, public DraftSource {
     Q_OBJECT
 
 public:
@@ -27,6 +28,12 @@ public:
     /// Asks before changes are lost.
     void reject() override;
     [[nodiscard]] bool isChanged() const;
+
+    /// The entry is what a timer counted, and nowhere else unless that timer still runs.
+    void setTimer(const std::optional<app::KeptTimer>& timer);
+    [[nodiscard]] std::optional<app::KeptRecord> draftToKeep() const override;
+    /// Goes on with a draft of the entry that it was made with. It counts as changed.
+    void restore(const app::KeptEntry& kept);
 
 signals:
     /// The entry was stored.
@@ -63,6 +70,9 @@ private:
     bool timesTaken_ = false;
     bool suggests_ = false;
     bool saved_ = false;
+    bool restored_ = false;
+    bool ofTimer_ = false;
+    std::optional<app::KeptTimer> timer_;
 };
 
 } // namespace hourwright::desktop

@@ -81,6 +81,13 @@ void RateField::show(const store::TimeEntry& entry, std::span<const store::RateR
     showChoice();
 }
 
+void RateField::restore(const billing::EntryDraft& draft, std::span<const store::RateRecord> offered) {
+    choice_.takeFrom(draft);
+    offered_.assign(offered.begin(), offered.end());
+    fillTree();
+    showChoice();
+}
+
 void RateField::changeRates(std::span<const store::RateRecord> offered) {
     choice_.changeRates(offered_, offered);
     offered_.assign(offered.begin(), offered.end());

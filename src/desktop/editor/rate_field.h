@@ -21,6 +21,8 @@ public:
 
     /// Shows an entry's rate among the rates offered. They are kept.
     void show(const store::TimeEntry& entry, std::span<const store::RateRecord> offered);
+    /// Shows the rate of a draft among them.
+    void restore(const billing::EntryDraft& draft, std::span<const store::RateRecord> offered);
     /// Goes over to another client's rates.
     void changeRates(std::span<const store::RateRecord> offered);
     /// Begins with the first rate offered when there is none yet.

@@ -59,8 +59,23 @@ void ExpenseDialog::accept() {
 }
 
 void ExpenseDialog::reject() {
-    if (!form_->isTouched() || workspace().messages().ask(StringId::discardChanges))
+    if (!isChanged() || workspace().messages().ask(StringId::discardChanges))
         QDialog::reject();
+}
+
+bool ExpenseDialog::isChanged() const {
+    return restored_ || form_->isTouched();
+}
+
+std::optional<app::KeptRecord> ExpenseDialog::draftToKeep() const {
+    if (!isChanged())
+        return std::nullopt;
+    return app::KeptExpense{.stored = expense_, .draft = form_->read(), .typedEndOdometer = form_->typedEndOdometer()};
+}
+
+void ExpenseDialog::restore(const app::KeptExpense& kept) {
+    restored_ = true;
+    form_->restore(kept.draft, kept.typedEndOdometer);
 }
 
 // Takes what was typed over into the expense. The end odometer stands behind the start, and so does its check.

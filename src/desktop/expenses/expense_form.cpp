@@ -64,23 +64,34 @@ void ExpenseForm::fillLists() {
 void ExpenseForm::fill(const ExpenseDraft& draft) {
     const auto today = workspace_.clock().localTime();
     fields_.date->setDate(platform::toQDate(draft.date.value_or(today)));
-    fields_.client->setText(*draft.client);
-    fields_.project->setText(*draft.project);
-    fields_.description->setText(*draft.description);
+    fields_.client->setText(draft.client.value_or(u""));
+    fields_.project->setText(draft.project.value_or(u""));
+    fields_.description->setText(draft.description.value_or(u""));
     if (fields_.category != nullptr)
-        fields_.category->setText(*draft.category);
+        fields_.category->setText(draft.category.value_or(u""));
     if (fields_.odometer != nullptr)
-        fields_.odometer->show(*draft.startOdometer, *draft.distance);
-    fields_.amount->setText(toQString(*draft.amount));
-    fields_.currency->setText(*draft.currency);
-    fields_.status->setCurrentIndex(static_cast<int>(*draft.status));
-    fields_.paid->show(*draft.paidDate);
-    fields_.billTo->setText(*draft.billTo);
-    fields_.custom1->setText(*draft.custom1);
-    fields_.custom2->setText(*draft.custom2);
-    fields_.receipt->setChecked(*draft.receipt);
-    fields_.note->setPlainText(toQString(*draft.note));
+        fields_.odometer->show(draft.startOdometer.value_or(u""), draft.distance.value_or(u""));
+    fields_.amount->setText(toQString(draft.amount.value_or(u"")));
+    fields_.currency->setText(draft.currency.value_or(u""));
+    fields_.status->setCurrentIndex(static_cast<int>(draft.status.value_or(EntryStatus::nonBillable)));
+    fields_.paid->show(draft.paidDate.value_or(platform::FileTime{}));
+    fields_.billTo->setText(draft.billTo.value_or(u""));
+    fields_.custom1->setText(draft.custom1.value_or(u""));
+    fields_.custom2->setText(draft.custom2.value_or(u""));
+    fields_.receipt->setChecked(draft.receipt.value_or(false));
+    fields_.note->setPlainText(toQString(draft.note.value_or(u"")));
     clientChanged();
+    showAmount();
+}
+
+std::optional<std::u16string> ExpenseForm::typedEndOdometer() const {
+    return fields_.odometer != nullptr ? fields_.odometer->typedEnd() : std::nullopt;
+}
+
+void ExpenseForm::restore(const ExpenseDraft& draft, const std::optional<std::u16string>& typedEndOdometer) {
+    fill(draft);
+    if (fields_.odometer != nullptr)
+        fields_.odometer->restore(draft.startOdometer.value_or(u""), draft.distance.value_or(u""), typedEndOdometer);
     showAmount();
 }
 

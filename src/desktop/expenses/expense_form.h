@@ -23,13 +23,17 @@ public:
     /// What is wrong with a typed end odometer, as a refusal of the start, behind which it stands.
     [[nodiscard]] std::optional<billing::FieldRefusal<billing::OdometerField>> checkEnd() const;
 
+    /// All that stands in the fields, and the end odometer if one was typed.
+    [[nodiscard]] billing::ExpenseDraft read() const;
+    [[nodiscard]] std::optional<std::u16string> typedEndOdometer() const;
+    void restore(const billing::ExpenseDraft& draft, const std::optional<std::u16string>& typedEndOdometer);
+
     void focusOn(billing::ExpenseField field);
     void focusOnEnd();
 
 private:
     void fillLists();
     void fill(const billing::ExpenseDraft& draft);
-    [[nodiscard]] billing::ExpenseDraft read() const;
     void readOwn(billing::ExpenseDraft& draft) const;
     [[nodiscard]] store::EntryStatus status() const;
     void clientChanged();

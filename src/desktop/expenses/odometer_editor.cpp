@@ -34,7 +34,14 @@ OdometerEditor::OdometerEditor(QFormLayout& form, QObject* parent) : QObject(par
 }
 
 void OdometerEditor::show(const std::u16string& start, const std::u16string& distance) {
+    restore(start, distance, {});
+}
+
+void OdometerEditor::restore(const std::u16string& start, const std::u16string& distance,
+                             const std::optional<std::u16string>& typedEnd) {
     texts_ = billing::OdometerTexts(start, distance);
+    if (typedEnd)
+        texts_.type(OdometerField::end, *typedEnd);
     showOthers({});
 }
 

@@ -21,6 +21,10 @@ public:
     explicit OdometerEditor(QFormLayout& form, QObject* parent);
 
     void show(const std::u16string& start, const std::u16string& distance);
+    /// The same with an end that was typed, if one was.
+    void restore(const std::u16string& start, const std::u16string& distance,
+                 const std::optional<std::u16string>& typedEnd);
+    [[nodiscard]] std::optional<std::u16string> typedEnd() const { return texts_.typedEnd(); }
     [[nodiscard]] const std::u16string& text(billing::OdometerField field) const { return texts_.text(field); }
     [[nodiscard]] std::optional<billing::FieldRefusal<billing::OdometerField>> checkEnd() const {
         return texts_.checkEnd();

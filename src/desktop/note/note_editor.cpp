@@ -214,14 +214,23 @@ void NoteEditor::editInWordProcessor() {
 // One step that can be undone. A word processor drops ink and recordings, which it does not know.
 void NoteEditor::takeOver(std::span<const std::byte> edited) {
     const auto note = exchange::readNote(edited);
-    if (!note || *note == shown())
-        return;
-    codePage_ = note->codePage;
+    if (note && *note != shown())
+        replaceBy(exchange::withLostObjects(*note, shown()));
+}
+
+void NoteEditor::showEdited(std::span<const std::byte> blob) {
+    if (const auto note = exchange::readNote(blob); note && !text_->isReadOnly())
+        replaceBy(*note);
+}
+
+void NoteEditor::replaceBy(const exchange::NoteDocument& note) {
+    codePage_ = note.codePage;
     QTextCursor cursor(text_->document());
     cursor.beginEditBlock();
     cursor.select(QTextCursor::Document);
-    insertNote(cursor, exchange::withLostObjects(*note, shown()));
+    insertNote(cursor, note);
     cursor.endEditBlock();
+    text_->document()->setModified(true);
 }
 
 exchange::NoteDocument NoteEditor::shown() const {

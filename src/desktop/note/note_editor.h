@@ -35,6 +35,9 @@ public:
     /// Shows a stored note; it counts as unchanged.
     void setNote(std::span<const std::byte> blob);
 
+    /// Shows an edited form of that note, as one step that can be undone; it counts as changed.
+    void showEdited(std::span<const std::byte> blob);
+
     /// Records and plays with these devices in the place of the desktop's own.
     void useVoice(platform::VoiceDevices devices);
 
@@ -63,6 +66,7 @@ private:
     void open(int position);
     void insertAtCursor(const exchange::NoteItem& item);
     void takeOver(std::span<const std::byte> edited);
+    void replaceBy(const exchange::NoteDocument& note);
     [[nodiscard]] exchange::NoteDocument shown() const;
     QToolButton* addButton(const char* iconName, const resources::Text& text, const QKeySequence& key);
     void toggleFormat(void (*apply)(QTextCharFormat& format, bool on), bool on);

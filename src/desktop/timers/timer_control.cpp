@@ -115,9 +115,16 @@ store::TimeEntry TimerControl::entryOf(const billing::EntryTimer& timer) const {
                                            .encodeNote = noteBytes});
 }
 
-void TimerControl::edit(const store::TimeEntry& entry, std::function<void()> closed) {
+void TimerControl::edit(const store::TimeEntry& entry, const std::optional<app::KeptTimer>& timer,
+                        std::function<void()> closed) {
     if (openEditor)
-        openEditor(entry, std::move(closed));
+        openEditor(entry, timer, std::move(closed));
+}
+
+void TimerControl::freeCompleted(const app::KeptTimer& timer) {
+    if (timer.slot < billing::TimerSet::slotCount && !timers_.slot(timer.slot).isFree() &&
+        platform::toFileTime(timers_.slot(timer.slot).start()) == timer.start)
+        timers_.reset(timer.slot);
 }
 
 void TimerControl::complete(std::size_t slot) {
@@ -126,7 +133,8 @@ void TimerControl::complete(std::size_t slot) {
         return;
     if (billing::noteIsTooLarge(timer))
         workspace_.messages().showCheck(resources::StringId::timerNoteTooLarge);
-    edit(entryOf(timer), [this, slot] { timers_.reset(slot); });
+    const app::KeptTimer completed{slot, platform::toFileTime(timer.start()).value_or(platform::FileTime{})};
+    edit(entryOf(timer), completed, [this, slot] { timers_.reset(slot); });
 }
 
 void TimerControl::settle(const app::DoubtfulTime& doubt, app::DoubtAnswer answer) {
@@ -137,7 +145,7 @@ void TimerControl::settle(const app::DoubtfulTime& doubt, app::DoubtAnswer answe
         billing::trim(timer, doubt.seconds);
     } else {
         const auto before = billing::splitAtGap(timer, doubt.seconds, workspace_.clock());
-        edit(entryOf(before), [] {});
+        edit(entryOf(before), {}, [] {});
     }
     writeJournal();
     emit changed();

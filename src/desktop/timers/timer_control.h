@@ -2,6 +2,7 @@
 
 // The toolkit's compiler does not understand the standard library's clocks.
 #ifndef Q_MOC_RUN
+#include "app/drafts/kept_draft.h"
 #include "app/idle_watch.h"
 #include "app/timer_recovery.h"
 #include "billing/timer_set.h"
@@ -57,8 +58,12 @@ public:
     /// Does what another program asks. `complete` without saving opens the editor after the reply.
     exchange::TimerReply answer(const exchange::TimerRequest& request);
 
-    /// Opens the entry editor and calls back when it is closed.
-    std::function<void(const store::TimeEntry& entry, std::function<void()> closed)> openEditor;
+    /// Opens the entry editor and calls back when it is closed; the timer is the one that the entry completes.
+    std::function<void(const store::TimeEntry& entry, const std::optional<app::KeptTimer>& timer,
+                       std::function<void()> closed)>
+        openEditor;
+    /// Frees the timer that a draft left behind has completed, if it was recovered.
+    void freeCompleted(const app::KeptTimer& timer);
 
 signals:
     /// Timers were added, paused, edited or freed.
@@ -72,7 +77,7 @@ private:
     [[nodiscard]] store::TimeEntry entryOf(const billing::EntryTimer& timer) const;
     void vibrate();
     void afterTick();
-    void edit(const store::TimeEntry& entry, std::function<void()> closed);
+    void edit(const store::TimeEntry& entry, const std::optional<app::KeptTimer>& timer, std::function<void()> closed);
     [[nodiscard]] exchange::TimerReply answerFor(std::size_t slot, const exchange::TimerRequest& request);
     [[nodiscard]] exchange::TimerReply saveCompleted(std::size_t slot);
     [[nodiscard]] exchange::TimerReply listed(std::optional<std::size_t> only) const;

@@ -41,9 +41,11 @@ TimerDesk::TimerDesk(MainWindow& window, billing::TimerSet& timers, platform::No
     });
     connect(tray_, &TimerTray::addRequested, this, [this] { timersWindow().addTimer({}, {}); });
     connect(&control_, &TimerControl::changed, &window_, [this] { window_.actions().update(); });
-    control_.openEditor = [this](const store::TimeEntry& entry, std::function<void()> closed) {
+    control_.openEditor = [this](const store::TimeEntry& entry, const std::optional<app::KeptTimer>& timer,
+                                 std::function<void()> closed) {
         auto* editor = new EntryDialog(window_.workspace(), entry, &window_);
         editor->setAttribute(Qt::WA_DeleteOnClose);
+        editor->setTimer(timer);
         if (entry.rate == 0)
             editor->suggestRates();
         connect(editor, &QDialog::finished, this, [closed = std::move(closed)] { closed(); });

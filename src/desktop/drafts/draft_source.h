@@ -1,0 +1,18 @@
+#pragma once
+
+#include "app/drafts/kept_draft.h"
+
+#include <optional>
+
+namespace hourwright::desktop {
+
+/// A dialog whose contents are not to get lost when the program ends while it is open.
+class DraftSource {
+public:
+    virtual ~DraftSource() = default;
+
+    /// All that it holds; nothing while closing it would lose nothing.
+    [[nodiscard]] virtual std::optional<app::KeptRecord> draftToKeep() const = 0;
+};
+
+} // namespace hourwright::desktop
