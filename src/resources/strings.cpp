@@ -208,7 +208,8 @@ constexpr std::array table = {
         u"The file of your records is not there any more, and no sound copy of it was found.\n\nDo you want to begin "
         u"without any records? \"No\" ends Hourwright."},
     Row{StringId::draftOffer, u"Hourwright ended on %s while this was being edited:\n\n%s\n\nDo you want to go on with "
-                              u"it? \"No\" forgets what was typed."},
+                              u"it? \"No\" forgets what "
+                              u"was typed, \"Cancel\" asks again at the next start."},
 };
 
 static_assert(std::ranges::is_sorted(table, {}, &Row::id));
