@@ -2,6 +2,7 @@
 
 #include "app/copy_plan.h"
 #include "platform/utf.h"
+#include "resources/texts/copies.h"
 
 #include <algorithm>
 #include <set>
@@ -14,6 +15,7 @@ using platform::StoreCopies;
 using platform::StoreCopy;
 using Names = std::set<std::string>;
 using resources::StringId;
+namespace texts = resources::copies;
 
 namespace {
 
@@ -91,6 +93,18 @@ void forgetOldCopies(StoreCopies& copies, const std::string& justMade, const pla
         static_cast<void>(copies.remove(copy)); // tried again next time
 }
 
+std::optional<StoreCopy> firstSound(StoreCopies& copies, platform::CopyPart part,
+                                    const platform::KeepGoing& keepGoing) {
+    for (StoreCopy& copy : copies.list()) {
+        if (!keepGoing())
+            return std::nullopt;
+        if ((part == platform::CopyPart::records || copy.hasSettings) &&
+            copies.verify(copy, keepGoing) == CopyHealth::sound)
+            return std::move(copy);
+    }
+    return std::nullopt;
+}
+
 bool isOfDay(const StoreCopy& copy, const platform::SystemTime& now) {
     return copy.time.year == now.year && copy.time.month == now.month && copy.time.day == now.day;
 }
@@ -118,11 +132,15 @@ std::optional<platform::MadeCopy> makeDueCopy(StoreCopies& copies, const platfor
 }
 
 std::optional<StoreCopy> newestSoundCopy(StoreCopies& copies, platform::CopyPart part) {
-    for (StoreCopy& copy : copies.list())
-        if ((part == platform::CopyPart::records || copy.hasSettings) &&
-            copies.verify(copy, [] { return true; }) == CopyHealth::sound)
-            return std::move(copy);
-    return std::nullopt;
+    return firstSound(copies, part, [] { return true; });
+}
+
+std::optional<StoreCopy> newestSoundCopy(StoreCopies& copies, const CopyWorkRunner& run) {
+    std::optional<StoreCopy> found;
+    run({.label = texts::looking, .mayCancel = true}, [&](const platform::KeepGoing& keepGoing) {
+        found = firstSound(copies, platform::CopyPart::records, keepGoing);
+    });
+    return found;
 }
 
 std::u16string withCopy(StringId id, const StoreCopy& copy, const platform::Locale& locale) {
@@ -142,8 +160,11 @@ bool askToRestore(platform::MessageBox& messages, StringId question, const Store
 }
 
 platform::RestoredCopy restoreCopy(platform::StoreCopies& copies, const StoreCopy& copy, platform::CopyPart part,
-                                   const platform::SystemTime& now, platform::MessageBox& messages) {
-    platform::RestoredCopy restored = copies.restore(copy, part, now);
+                                   const platform::SystemTime& now, platform::MessageBox& messages,
+                                   const CopyWorkRunner& run) {
+    platform::RestoredCopy restored;
+    run({.label = texts::restoring},
+        [&](const platform::KeepGoing& /*keepGoing*/) { restored = copies.restore(copy, part, now); });
     if (restored.outcome != RestoreOutcome::done)
         messages.showFailure(messageOf(restored.outcome));
     return restored;
@@ -156,11 +177,11 @@ void showRestored(platform::MessageBox& messages, const platform::RestoredCopy& 
 }
 
 bool offerCopy(platform::StoreCopies& copies, const platform::SystemTime& now, const platform::Locale& locale,
-               platform::MessageBox& messages) {
-    const auto copy = newestSoundCopy(copies);
+               platform::MessageBox& messages, const CopyWorkRunner& run) {
+    const auto copy = newestSoundCopy(copies, run);
     if (!copy || !askToRestore(messages, StringId::restoreOffer, *copy, locale))
         return false;
-    const auto restored = restoreCopy(copies, *copy, platform::CopyPart::records, now, messages);
+    const auto restored = restoreCopy(copies, *copy, platform::CopyPart::records, now, messages, run);
     if (restored.outcome != RestoreOutcome::done)
         return false;
     showRestored(messages, restored);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/copy_work.h"
 #include "platform/clock.h"
 #include "platform/locale.h"
 #include "platform/message_box.h"
@@ -22,6 +23,9 @@ makeDueCopy(platform::StoreCopies& copies, const platform::SystemTime& now, cons
 /// The newest copy that has this part and verifies; nothing when there is none.
 [[nodiscard]] std::optional<platform::StoreCopy> newestSoundCopy(platform::StoreCopies& copies,
                                                                  platform::CopyPart part = platform::CopyPart::records);
+/// The newest copy of the records that verifies, by a search that the user may end; nothing then either.
+[[nodiscard]] std::optional<platform::StoreCopy> newestSoundCopy(platform::StoreCopies& copies,
+                                                                 const CopyWorkRunner& run);
 
 /// "%s" and "%s" of a message replaced by the date and the number of records of a copy.
 [[nodiscard]] std::u16string withCopy(resources::StringId id, const platform::StoreCopy& copy,
@@ -34,7 +38,7 @@ makeDueCopy(platform::StoreCopies& copies, const platform::SystemTime& now, cons
 /// Restores records or settings; a failure is shown.
 [[nodiscard]] platform::RestoredCopy restoreCopy(platform::StoreCopies& copies, const platform::StoreCopy& copy,
                                                  platform::CopyPart part, const platform::SystemTime& now,
-                                                 platform::MessageBox& messages);
+                                                 platform::MessageBox& messages, const CopyWorkRunner& run = runAtOnce);
 
 /// Says that a copy was restored and where the file is that was there before.
 void showRestored(platform::MessageBox& messages, const platform::RestoredCopy& restored);
@@ -42,6 +46,7 @@ void showRestored(platform::MessageBox& messages, const platform::RestoredCopy& 
 /// For records that cannot be opened because they are damaged: looks for the newest copy that verifies and offers it.
 /// True when it was restored; false, and nothing changed, when there is none or the user does not want it.
 [[nodiscard]] bool offerCopy(platform::StoreCopies& copies, const platform::SystemTime& now,
-                             const platform::Locale& locale, platform::MessageBox& messages);
+                             const platform::Locale& locale, platform::MessageBox& messages,
+                             const CopyWorkRunner& run = runAtOnce);
 
 } // namespace hourwright::app

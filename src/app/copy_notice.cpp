@@ -2,6 +2,7 @@
 
 #include "app/copy_keeping.h"
 #include "platform/utf.h"
+#include "resources/texts/copies.h"
 
 #include <algorithm>
 
@@ -12,6 +13,7 @@ namespace {
 using platform::CopyOutcome;
 using platform::StoreCopy;
 using resources::StringId;
+namespace texts = resources::copies;
 
 constexpr std::u16string_view toldName = u"CopyTroubleTold";
 constexpr std::u16string_view wishName = u"CopyToRestore";
@@ -40,10 +42,7 @@ void tellFailure(const platform::StoreCopies& copies, platform::MessageBox& mess
     messages.show({.id = StringId::automaticCopyFailed, .text = std::move(text)});
 }
 
-bool offerAfterDamage(const StoreCopy& copy, platform::Registry& registry, const platform::Locale& locale,
-                      platform::MessageBox& messages) {
-    if (!askToRestore(messages, StringId::recordsDamaged, copy, locale))
-        return false;
+bool keepWish(const StoreCopy& copy, platform::Registry& registry, platform::MessageBox& messages) {
     const auto key = registry.create(platform::settingsKey);
     if (!key || !key->writeString(wishName, platform::toUtf16(copy.name))) {
         messages.showFailure(StringId::copyNotRestored);
@@ -55,7 +54,43 @@ bool offerAfterDamage(const StoreCopy& copy, platform::Registry& registry, const
     return true;
 }
 
+bool offerAfterDamage(const StoreCopy& copy, platform::Registry& registry, const platform::Locale& locale,
+                      platform::MessageBox& messages) {
+    return askToRestore(messages, StringId::recordsDamaged, copy, locale) && keepWish(copy, registry, messages);
+}
+
 } // namespace
+
+bool tellOfWishedCopy(const platform::MadeCopy& made, platform::StoreCopies& copies, platform::Registry& registry,
+                      const platform::Locale& locale, platform::MessageBox& messages) {
+    if (made.outcome == CopyOutcome::done || made.outcome == CopyOutcome::cancelled)
+        return false;
+    const auto all = copies.list();
+    if (made.outcome == CopyOutcome::sourceDamaged && !all.empty())
+        return offerAfterDamage(all.front(), registry, locale, messages);
+    std::u16string text(resources::string(StringId::copyNotMade));
+    if (!made.reason.empty())
+        text += u"\n\n" + platform::toUtf16(made.reason);
+    messages.show({.id = StringId::copyNotMade, .text = std::move(text), .icon = platform::Icon::stop});
+    return false;
+}
+
+bool wishForCopy(const StoreCopy& copy, platform::StoreCopies& copies, platform::Registry& registry,
+                 const platform::Locale& locale, platform::MessageBox& messages, const CopyWorkRunner& run) {
+    if (!askToRestore(messages, StringId::restoreQuestion, copy, locale))
+        return false;
+    auto health = platform::CopyHealth::cancelled;
+    run({.label = texts::verifying, .mayCancel = true},
+        [&](const platform::KeepGoing& keepGoing) { health = copies.verify(copy, keepGoing); });
+    if (health == platform::CopyHealth::damaged)
+        messages.showFailure(StringId::copyDamaged);
+    return health == platform::CopyHealth::sound && keepWish(copy, registry, messages);
+}
+
+void forgetWishedCopy(platform::Registry& registry) {
+    if (const auto key = registry.open(platform::settingsKey))
+        key->remove(wishName);
+}
 
 bool tellOfCopy(const std::optional<platform::MadeCopy>& made, platform::StoreCopies& copies,
                 platform::Registry& registry, const platform::Locale& locale, platform::MessageBox& messages) {
@@ -77,7 +112,7 @@ bool tellOfCopy(const std::optional<platform::MadeCopy>& made, platform::StoreCo
 }
 
 void restoreWishedCopy(platform::StoreCopies& copies, platform::Registry& registry, const platform::SystemTime& now,
-                       platform::MessageBox& messages) {
+                       platform::MessageBox& messages, const CopyWorkRunner& run) {
     const auto key = registry.open(platform::settingsKey);
     const auto wish = key ? key->readString(wishName, longestName) : std::nullopt;
     if (!wish || !key->remove(wishName))
@@ -88,7 +123,7 @@ void restoreWishedCopy(platform::StoreCopies& copies, platform::Registry& regist
         messages.showFailure(StringId::noSuchCopy);
         return;
     }
-    const auto restored = restoreCopy(copies, *copy, platform::CopyPart::records, now, messages);
+    const auto restored = restoreCopy(copies, *copy, platform::CopyPart::records, now, messages, run);
     if (restored.outcome == platform::RestoreOutcome::done)
         showRestored(messages, restored);
 }

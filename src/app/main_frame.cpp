@@ -16,13 +16,14 @@ MainFrame::MainFrame(FrameWindow& window, platform::Registry& registry, platform
 bool MainFrame::create(const Rectangle& rectangle) {
     settings_ = AppSettings::load(registry_, device_);
     window_.createMenuBar(settings_->styleFlags.has(StyleFlag::softKeyMenus));
-    store::Stores* const stores = window_.openStores();
-    if (stores == nullptr) {
-        messages_.showFailure(StringId::databaseNotOpened);
+    const OpenedStores opened = window_.openStores();
+    if (opened.stores == nullptr) {
+        if (!opened.declined)
+            messages_.showFailure(StringId::databaseNotOpened);
         return false;
     }
-    if (settings_->version < upgradedVersion && stores->holdRecords())
-        upgrade(*stores);
+    if (settings_->version < upgradedVersion && opened.stores->holdRecords())
+        upgrade(*opened.stores);
     const bool clearType = clearTypeOn(registry_);
     captionFont_ = app::captionFont(clearType);
     window_.loadFilters();

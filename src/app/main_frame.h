@@ -19,14 +19,21 @@ inline constexpr std::uint32_t upgradedVersion = 261;
 /// How many command lines may wait for the frame to be idle, which it is not while a question is open.
 inline constexpr std::size_t maxWaitingLines = 256;
 
+/// How opening the stores ended: with stores, or without them because that failed or because the user did not want to
+/// go on.
+struct OpenedStores {
+    store::Stores* stores = nullptr;
+    bool declined = false;
+};
+
 /// The window, as the rules of the frame see it.
 class FrameWindow {
 public:
     virtual ~FrameWindow() = default;
 
     virtual void createMenuBar(bool softKeys) = 0;
-    /// Opens the stores or makes them; null when that fails.
-    [[nodiscard]] virtual store::Stores* openStores() = 0;
+    /// Opens the stores or makes them.
+    [[nodiscard]] virtual OpenedStores openStores() = 0;
     virtual void loadFilters() = 0;
     virtual void createViews(const Rectangle& rectangle) = 0;
     /// Goes to today in the period that the settings say.
@@ -50,8 +57,8 @@ public:
     MainFrame(FrameWindow& window, platform::Registry& registry, platform::MessageBox& messages,
               const SettingsDevice& device);
 
-    /// Makes the window over the rectangle. False when the stores cannot be opened, which is shown; no view is made
-    /// then and nothing written.
+    /// Makes the window over the rectangle. False when the stores cannot be opened, which is shown unless the user
+    /// wanted it so; no view is made then and nothing written.
     [[nodiscard]] bool create(const Rectangle& rectangle);
 
     /// Once it is being created:

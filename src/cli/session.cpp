@@ -1,5 +1,6 @@
 #include "cli/session.h"
 
+#include "app/gone_records.h"
 #include "cli/date_text.h"
 #include "cli/help.h"
 #include "cli/joined.h"
@@ -88,6 +89,8 @@ platform::ObjectStore* Session::objects() {
 }
 
 void Session::openObjects() {
+    if (refuseGoneRecords())
+        return;
     static_cast<void>(platform::makeDirectories(directories())); // a failure shows when the file is opened
     auto opened =
         platform::openSqliteObjectStore(directories().recordsFile(), {.onCommitted = [this] { changed_ = true; }});
@@ -97,6 +100,19 @@ void Session::openObjects() {
     refuse(resources::StringId::databaseNotOpened, opened.reason);
     if (opened.error == platform::PlatformError::fileCorrupt)
         hintAtCopies();
+}
+
+// To make an empty store now would hide from the next start that the records are gone.
+bool Session::refuseGoneRecords() {
+    if (hasStore())
+        return false;
+    const auto all = copies();
+    if (!app::recordsAreGone(*all))
+        return false;
+    refuse(resources::StringId::recordsGone);
+    hintAtCopies();
+    addReason(joined({"To begin without records, move the copies away: ", all->folder().string()}));
+    return true;
 }
 
 std::unique_ptr<platform::StoreCopies> Session::copies() {

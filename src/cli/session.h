@@ -60,6 +60,8 @@ public:
     [[nodiscard]] bool checkSettings(const std::function<void(std::string_view)>& report);
     /// Says which copy there is and how to restore records or settings from it, if there is one that has them.
     void hintAtCopies(platform::CopyPart part = platform::CopyPart::records);
+    /// Refuses to go on without records when there were some, and says how to go back to a copy; true then.
+    [[nodiscard]] bool refuseGoneRecords();
     /// As long as the result lives, no window can start; `otherRuns` when one is open.
     [[nodiscard]] platform::ClaimedInstance keepWindowAway();
 

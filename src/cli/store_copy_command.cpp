@@ -47,6 +47,8 @@ void writeUnreadable(JsonWriter& json, const StoreCopy& copy) {
 }
 
 ExitCode refuseCopy(Session& session, const MadeCopy& made) {
+    if (made.outcome == CopyOutcome::noSource && session.refuseGoneRecords())
+        return ExitCode::refused;
     if (made.outcome == CopyOutcome::noSource)
         return session.refuse(StringId::copyNotMade, "There are no records yet.");
     const ExitCode code = session.refuse(StringId::copyNotMade, made.reason);

@@ -2,6 +2,8 @@
 
 #include "app/copy_keeping.h"
 #include "app/copy_notice.h"
+#include "app/gone_records.h"
+#include "desktop/copies/copy_work.h"
 #include "desktop/screen_size.h"
 #include "desktop/window_place.h"
 #include "platform/icu/icu_locales.h"
@@ -119,14 +121,17 @@ platform::PlatformError FrameHost::openRecords() {
     return error == platform::PlatformError::none ? platform::PlatformError::openFailed : error;
 }
 
-store::Stores* FrameHost::openStores() {
+app::OpenedStores FrameHost::openStores() {
     copies_ = platform::openStoreCopies(platform::copyPlaces(directories_));
-    app::restoreWishedCopy(*copies_, *registry_, clock_.localTime(), messages_);
+    const auto now = clock_.localTime();
+    app::restoreWishedCopy(*copies_, *registry_, now, messages_, runCopyWork);
+    if (!app::settleGoneRecords(*copies_, now, *locales_.user, messages_, runCopyWork))
+        return {.declined = true};
     const platform::PlatformError error = openRecords();
     if (error == platform::PlatformError::fileCorrupt &&
-        app::offerCopy(*copies_, clock_.localTime(), *locales_.user, messages_))
+        app::offerCopy(*copies_, now, *locales_.user, messages_, runCopyWork))
         static_cast<void>(openRecords()); // what it left open says whether it did
-    return stores_.get();
+    return {.stores = stores_.get()};
 }
 
 void FrameHost::loadFilters() {
@@ -152,7 +157,10 @@ void FrameHost::createViews(const app::Rectangle& rectangle) {
         std::make_unique<TimerDesk>(*window_, billing::TimerSet::instance(), vibrator_, *timerJournal_, idleTime_);
     watchDrafts();
     dailyCopy_ = std::make_unique<DailyCopy>(*workspace_, std::move(copies_));
-    QObject::connect(dailyCopy_.get(), &DailyCopy::restartWanted, window_.get(), &QWidget::close);
+    QObject::connect(dailyCopy_.get(), &DailyCopy::restartWanted, window_.get(), [this] {
+        if (!window_->close())
+            app::forgetWishedCopy(*registry_);
+    });
     window_->mayClose = [this] {
         savePlace(*window_, *registry_);
         drafts_->keep();

@@ -41,7 +41,7 @@ public:
     [[nodiscard]] MainWindow& window() { return *window_; }
 
     void createMenuBar(bool softKeys) override;
-    [[nodiscard]] store::Stores* openStores() override;
+    [[nodiscard]] app::OpenedStores openStores() override;
     void loadFilters() override;
     void createViews(const app::Rectangle& rectangle) override;
     void showToday() override;

@@ -19,9 +19,9 @@ using Ids = std::vector<StringId>;
 class FakeWindow : public FrameWindow {
 public:
     void createMenuBar(bool softKeys) override { log.emplace_back(softKeys ? "soft keys" : "menu bar"); }
-    [[nodiscard]] store::Stores* openStores() override {
+    [[nodiscard]] OpenedStores openStores() override {
         log.emplace_back("open");
-        return stores;
+        return {.stores = stores, .declined = declined};
     }
     void loadFilters() override { log.emplace_back("filters"); }
     void createViews(const Rectangle& rectangle) override { log.push_back("views " + std::to_string(rectangle.width)); }
@@ -38,6 +38,7 @@ public:
 
     Log log;
     store::Stores* stores = nullptr;
+    bool declined = false;
     unsigned timers = 0;
 };
 
@@ -101,6 +102,11 @@ TEST_F(MainFrameTest, IsNotMadeWithoutStores) {
     EXPECT_EQ(messages_.shown.front().icon, platform::Icon::stop);
     EXPECT_EQ(messages_.shown.front().buttons, platform::Buttons::ok);
     EXPECT_EQ(registry().writes, written);
+
+    messages_.shown.clear();
+    window_.declined = true; // the user knows
+    EXPECT_FALSE(create());
+    EXPECT_TRUE(messages_.ids().empty());
 }
 
 TEST_F(MainFrameTest, AsksToUpgradeOldRecordsOnly) {

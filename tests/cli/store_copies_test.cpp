@@ -48,6 +48,32 @@ TEST_F(StoreCopiesCommandTest, ADamagedStoreIsSaidSoWithTheWayOutOfIt) {
     EXPECT_EQ(runner_.run({"store", "check"}).exitCode, 0);
 }
 
+// To make an empty store would hide that the records are gone.
+TEST_F(StoreCopiesCommandTest, RecordsThatAreGoneAreNotMadeAnewUnasked) {
+    fs::remove(records());
+    const std::vector<std::vector<std::string>> commands{
+        {"client", "list"}, {"client", "add", "Cold", "--yes"}, {"store", "check"}, {"store", "copy"}};
+    for (const auto& command : commands) {
+        const auto refused = runner_.run({command.begin(), command.end()});
+        EXPECT_EQ(refused.exitCode, 1) << command.back();
+        EXPECT_EQ(refused.out, "");
+        EXPECT_TRUE(refused.err.starts_with("The file of the records is not there any more, but copies of it are.\n"))
+            << refused.err;
+        EXPECT_NE(refused.err.find("'hwctl store restore'"), std::string::npos) << refused.err;
+        EXPECT_NE(refused.err.find((runner_.home() / "copies").string()), std::string::npos) << refused.err;
+        EXPECT_FALSE(fs::exists(records()));
+    }
+    const auto restored = runner_.run({"store", "restore", "--yes"});
+    EXPECT_EQ(restored.exitCode, 0) << restored.err;
+    EXPECT_NE(clients().find("Acme"), std::string::npos);
+
+    fs::remove(records());
+    fs::remove_all(runner_.home() / "copies");
+    const auto fresh = runner_.run({"client", "list"});
+    EXPECT_EQ(fresh.exitCode, 0);
+    EXPECT_EQ(fresh.err, "");
+}
+
 TEST_F(StoreCopiesCommandTest, TheNewestSoundOneIsTakenAndDamagedOnesAreNamed) {
     ASSERT_EQ(runner_.run({"store", "copy", "--now", "2099-01-01 00:00:00"}).exitCode, 0);
     damage(runner_.home() / "copies/2099-01-01_00-00-00/hourwright.db");
