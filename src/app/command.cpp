@@ -93,6 +93,7 @@ constexpr std::array commandRows = {
     CommandRow{Command::deleteByCriteria, Menu::data, menus::deleteByCriteria, ""},
     CommandRow{Command::editDropLists, Menu::data, menus::editDropLists, "", true},
     CommandRow{Command::replaceFieldText, Menu::data, menus::replaceFieldText, ""},
+    CommandRow{Command::copies, Menu::data, menus::copies, "", true},
     CommandRow{Command::removeAllData, Menu::data, menus::removeAllData, "", true},
     CommandRow{Command::setupClients, Menu::tools, menus::setupClients, "Ctrl+L", true},
     CommandRow{Command::setupRates, Menu::tools, menus::setupRates, "Ctrl+R"},

@@ -75,6 +75,7 @@ enum class Command : std::uint8_t {
     deleteByCriteria,
     editDropLists,
     replaceFieldText,
+    copies,
     removeAllData,
     setupClients,
     setupRates,

@@ -60,20 +60,28 @@ bool isCopyDue(std::span<const StoreCopy> copies, const platform::SourceStamps& 
     return newest.source.settings != present.settings && dayOf(newest.time) + settingsCopyDays <= today;
 }
 
-std::vector<StoreCopy> copiesToForget(std::span<const StoreCopy> copies, const SystemTime& now,
-                                      const CopyRetention& retention) {
+std::vector<CopyAge> agesOf(std::span<const StoreCopy> copies, const CopyRetention& retention) {
     Keeper daily(dayOf, retention.days);
     Keeper weekly(weekOf, retention.weeks);
     Keeper monthly(monthOf, retention.months);
-    std::vector<StoreCopy> forgotten;
+    std::vector<CopyAge> ages;
     for (const StoreCopy& copy : copies) {
         // Each must be asked: a copy may stand for its day, its week and its month.
         const bool ofDay = daily.keeps(copy);
         const bool ofWeek = weekly.keeps(copy);
         const bool ofMonth = monthly.keeps(copy);
-        if (!ofDay && !ofWeek && !ofMonth && dayOf(copy.time) != dayOf(now))
-            forgotten.push_back(copy);
+        ages.push_back(ofDay ? CopyAge::day : ofWeek ? CopyAge::week : ofMonth ? CopyAge::month : CopyAge::none);
     }
+    return ages;
+}
+
+std::vector<StoreCopy> copiesToForget(std::span<const StoreCopy> copies, const SystemTime& now,
+                                      const CopyRetention& retention) {
+    const auto ages = agesOf(copies, retention);
+    std::vector<StoreCopy> forgotten;
+    for (std::size_t i = 0; i < copies.size(); ++i)
+        if (ages[i] == CopyAge::none && dayOf(copies[i].time) != dayOf(now))
+            forgotten.push_back(copies[i]);
     return forgotten;
 }
 

@@ -16,6 +16,13 @@ struct CopyRetention {
     unsigned months = 12;
 };
 
+/// What a copy stands for: it is the newest of its day, else of its week, else of its month, among those that count.
+enum class CopyAge : std::uint8_t { day, week, month, none };
+
+/// What each of the copies, the newest first, stands for.
+[[nodiscard]] std::vector<CopyAge> agesOf(std::span<const platform::StoreCopy> copies,
+                                          const CopyRetention& retention = {});
+
 /// Settings alone are reason for a copy only when the last one is this old, in days.
 inline constexpr unsigned settingsCopyDays = 7;
 

@@ -1,76 +1,23 @@
 #include "app/copy_keeping.h"
 
-#include <algorithm>
+#include "app/copy_list.h"
+#include "platform/icu/icu_locale.h"
+#include "support/named_copies.h"
+
 #include <gtest/gtest.h>
-#include <set>
+#include <map>
 
 namespace hourwright::app {
 namespace {
 
-using platform::CopyHealth;
 using platform::StoreCopy;
 using platform::SystemTime;
+using test::NamedCopies;
 
 SystemTime dayAt(std::uint64_t day, std::uint16_t hour = 9) {
     const auto first = platform::toFileTime({.year = 2026, .month = 1, .day = 5, .hour = hour})->ticks; // a Monday
     return *platform::toSystemTime({first + day * platform::ticksPerDay});
 }
-
-// Copies that are only names; which are damaged is said from outside.
-class NamedCopies : public platform::StoreCopies {
-public:
-    std::vector<StoreCopy> all;
-    std::set<std::string> damaged;
-    std::set<std::string> withoutDescription;
-    std::vector<std::string> verified;
-    std::string written = "records"; ///< what the present records look like
-    bool cancels = false;
-
-    [[nodiscard]] std::vector<StoreCopy> list() override { return those(false); }
-    [[nodiscard]] std::vector<StoreCopy> unreadable() override { return those(true); }
-    [[nodiscard]] platform::SourceStamps present() override { return {.records = {written}, .settings = {}}; }
-    [[nodiscard]] const std::filesystem::path& folder() const override { return folder_; }
-    [[nodiscard]] platform::MadeCopy make(const SystemTime& now, const platform::KeepGoing&) override {
-        const StoreCopy copy{
-            .name = platform::copyNameAt(now), .time = now, .source = {.records = {written}, .settings = {}}};
-        all.insert(all.begin(), copy);
-        return {.outcome = platform::CopyOutcome::done, .reason = {}, .copy = copy};
-    }
-    [[nodiscard]] CopyHealth verify(const StoreCopy& copy, const platform::KeepGoing&) override {
-        verified.push_back(copy.name);
-        if (cancels)
-            return CopyHealth::cancelled;
-        return isSound(copy) ? CopyHealth::sound : CopyHealth::damaged;
-    }
-    bool remove(const StoreCopy& copy) override {
-        return std::erase_if(all, [&](const StoreCopy& other) { return other.name == copy.name; }) == 1;
-    }
-    [[nodiscard]] platform::RestoredCopy restore(const StoreCopy&, platform::CopyPart, const SystemTime&) override {
-        return {.outcome = platform::RestoreOutcome::failed, .error = {}, .kept = {}};
-    }
-
-    [[nodiscard]] bool isSound(const StoreCopy& copy) const {
-        return !damaged.contains(copy.name) && !withoutDescription.contains(copy.name);
-    }
-    [[nodiscard]] bool has(const SystemTime& time) const {
-        return std::ranges::find(all, platform::copyNameAt(time), &StoreCopy::name) != all.end();
-    }
-    [[nodiscard]] std::size_t soundOnes() const {
-        return static_cast<std::size_t>(
-            std::ranges::count_if(all, [this](const StoreCopy& copy) { return isSound(copy); }));
-    }
-
-private:
-    std::vector<StoreCopy> those(bool unreadable) {
-        std::vector<StoreCopy> found;
-        for (const StoreCopy& copy : all)
-            if (withoutDescription.contains(copy.name) == unreadable)
-                found.push_back(copy);
-        return found;
-    }
-
-    std::filesystem::path folder_ = "/nonexistent";
-};
 
 bool always() {
     return true;
@@ -135,6 +82,42 @@ TEST(CopyKeeping, ADamagedNewestIsReasonForAnother) {
     EXPECT_TRUE(makeDueCopy(copies, dayAt(2), always));
     EXPECT_EQ(copies.soundOnes(), 1U);
     EXPECT_FALSE(makeDueCopy(copies, dayAt(2, 18), always)) << "one a day";
+}
+
+TEST(CopyList, RemembersWhatVerifyingFound) {
+    NamedCopies copies;
+    makeDaily(copies, 0, 4);
+    copies.withoutDescription.insert(copies.all[1].name);
+    CopyList list;
+    list.load(copies);
+    ASSERT_EQ(list.rows().size(), 4U);
+    EXPECT_EQ(list.rows()[1].copy.name, copies.all[1].name) << "in its place by time";
+    EXPECT_FALSE(list.rows()[1].readable);
+    EXPECT_EQ(list.rows()[1].health, platform::CopyHealth::damaged);
+    ASSERT_EQ(list.toVerify().size(), 3U);
+    list.note(copies.all[0], platform::CopyHealth::sound);
+    list.note(copies.all[2], platform::CopyHealth::damaged);
+    list.note(copies.all[3], platform::CopyHealth::cancelled);
+    makeDaily(copies, 4, 5);
+    list.load(copies);
+    ASSERT_EQ(list.toVerify().size(), 2U);
+    EXPECT_EQ(list.toVerify()[0].name, copies.all[0].name);
+    EXPECT_EQ(list.toVerify()[1].name, copies.all[4].name);
+    EXPECT_EQ(list.rows()[1].health, platform::CopyHealth::sound);
+    EXPECT_EQ(list.rows()[3].health, platform::CopyHealth::damaged);
+}
+
+TEST(CopyList, SizesAreLegible) {
+    const auto locale = platform::makeIcuLocale("de_DE");
+    const std::map<std::uint64_t, std::u16string> cases{{0, u"0 kB"},
+                                                        {4'096, u"4 kB"},
+                                                        {999'400, u"999 kB"},
+                                                        {1'000'000, u"1,0 MB"},
+                                                        {12'345'678, u"12,3 MB"},
+                                                        {2'500'000'000, u"2,5 GB"},
+                                                        {7'000'000'000'000'000, u"7.000,0 TB"}};
+    for (const auto& [bytes, text] : cases)
+        EXPECT_EQ(sizeText(bytes, *locale), text) << bytes;
 }
 
 TEST(CopyKeeping, TheNewestSoundOneThatHasThePartIsFound) {

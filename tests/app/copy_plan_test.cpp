@@ -25,6 +25,19 @@ std::vector<std::string> kept(std::vector<StoreCopy> copies, const SystemTime& a
     return names;
 }
 
+// What is shown of a copy agrees with what is deleted.
+TEST(CopyPlan, SaysWhatEachCopyStandsFor) {
+    const std::vector<StoreCopy> copies{copyAt(2026, 11, 16, 12), copyAt(2026, 11, 16, 9), copyAt(2026, 11, 15),
+                                        copyAt(2026, 11, 14),     copyAt(2026, 11, 13),    copyAt(2026, 10, 31),
+                                        copyAt(2026, 10, 30)};
+    const CopyRetention retention{.days = 2, .weeks = 3, .months = 2};
+    using enum CopyAge;
+    EXPECT_EQ(agesOf(copies, retention), (std::vector{day, none, day, none, none, week, none}));
+    EXPECT_EQ(agesOf(copies, {.days = 1, .weeks = 1, .months = 2}),
+              (std::vector{day, none, none, none, none, month, none}));
+    EXPECT_EQ(agesOf({}), std::vector<CopyAge>{});
+}
+
 TEST(CopyPlan, KeepsTheNewestOfDaysWeeksAndMonths) {
     struct Case {
         const char* why;

@@ -1,4 +1,5 @@
 #include "app/bulk_selection.h"
+#include "app/copy_notice.h"
 #include "billing/bulk_change.h"
 #include "billing/structure_deletion.h"
 #include "desktop/bulk/bulk_run.h"
@@ -6,6 +7,7 @@
 #include "desktop/bulk/paid_date_dialog.h"
 #include "desktop/bulk/replace_dialog.h"
 #include "desktop/commands/commands.h"
+#include "desktop/copies/copies_dialog.h"
 #include "desktop/main_window.h"
 #include "resources/texts/bulk.h"
 
@@ -98,6 +100,14 @@ void removeAllData(Workspace& workspace) {
     }
 }
 
+// The file of the records is put in place by the next start; when there is to be none now, the wish is off.
+void showCopies(MainWindow& window) {
+    CopiesDialog dialog(window.workspace(), &window);
+    dialog.exec();
+    if (dialog.wantsRestart() && !window.close())
+        app::forgetWishedCopy(window.workspace().registry());
+}
+
 } // namespace
 
 void addDataCommands(MainWindow& window) {
@@ -107,6 +117,7 @@ void addDataCommands(MainWindow& window) {
     commands.set(Command::markViewPaid, [&window] { markViewPaid(window); });
     commands.set(Command::deleteByCriteria, [&window] { deleteByCriteria(window); });
     commands.set(Command::replaceFieldText, [&window] { ReplaceDialog(window.workspace(), &window).exec(); });
+    commands.set(Command::copies, [&window] { showCopies(window); });
     commands.set(Command::removeAllData, [&window] { removeAllData(window.workspace()); });
 }
 

@@ -80,6 +80,7 @@ inline constexpr Text deleteByCriteria{10110, u"&Delete Entries..."};
 inline constexpr Text editDropLists{10111, u"&Edit Drop Lists..."};
 inline constexpr Text replaceFieldText{10112, u"&Replace Field Text..."};
 inline constexpr Text removeAllData{10113, u"Remove &All Data"};
+inline constexpr Text copies{10118, u"&Copies of the Records..."};
 inline constexpr Text setupClients{10114, u"Setup &Clients..."};
 inline constexpr Text setupRates{10115, u"Setup &Rates..."};
 inline constexpr Text options{10116, u"&Options..."};
