@@ -211,6 +211,43 @@ TEST_F(DraftKeeperTest, aRecordThatHasChangedSinceIsNotOverwrittenUnasked) {
     }
 }
 
+// A kill between storing a new record and forgetting its draft must not lead to a second one.
+TEST_F(DraftKeeperTest, aNewRecordThatWasStoredIsNotOfferedAgain) {
+    const auto keeper = start();
+    auto expense = billing::newExpense(store::ExpenseType::general, {}, clock().localTime());
+    expense.description = u"Taxi";
+    auto entry = filled();
+    entry.id = store::RecordId::none;
+    const auto storeAndKill = [&](QDialog& dialog, QLineEdit& field) {
+        field.setText("An early form");
+        keeper->keep();
+        clock().advance(5);
+        field.setText("The last form"); // after what was written down
+        app::KeptDraft atTheKill;
+        QObject::connect(&workspace(), &Workspace::recordsChanged, &dialog,
+                         [&] { atTheKill = app::DraftJournal(journal_).read().at(0); });
+        dialog.accept();
+        end();
+        EXPECT_EQ(left(), 0U);
+        ASSERT_TRUE(app::DraftJournal(journal_).write(0, atTheKill.record, atTheKill.written));
+        EXPECT_FALSE(start()->offer());
+        EXPECT_TRUE(messages().ids().empty());
+        EXPECT_EQ(left(), 0U);
+        // The same once more, typed later, is another one.
+        ASSERT_TRUE(app::DraftJournal(journal_).write(0, atTheKill.record, {clock().now().ticks + 1}));
+        messages().script = {Answer::no};
+        EXPECT_FALSE(start()->offer());
+        EXPECT_EQ(messages().ids(), std::vector{StringId::draftOffer});
+        messages().shown.clear();
+    };
+    EntryDialog& ofEntry = open(entry);
+    storeAndKill(ofEntry, task(ofEntry));
+    ExpenseDialog& ofExpense = open(expense);
+    storeAndKill(ofExpense, *ofExpense.findChild<QComboBox*>("description")->lineEdit());
+    EXPECT_EQ(entries().size(), 1U);
+    EXPECT_EQ(expenses().size(), 1U);
+}
+
 TEST_F(DraftKeeperTest, onlyNoForgetsADraft) {
     struct Case {
         Answer answer;

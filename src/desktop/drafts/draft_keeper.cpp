@@ -1,5 +1,6 @@
 #include "desktop/drafts/draft_keeper.h"
 
+#include "app/drafts/stored_draft.h"
 #include "desktop/drafts/draft_source.h"
 
 #include <QApplication>
@@ -63,6 +64,10 @@ bool DraftKeeper::offer() {
         return false;
     const app::KeptDraft draft = std::move(left_.front());
     left_.erase(left_.begin());
+    if (app::wasStored(workspace_.stores(), draft, workspace_.timeRules())) {
+        journal_.erase(draft.place);
+        return false;
+    }
     const Answer answer = askAbout(workspace_, draft);
     if (answer == Answer::no) {
         journal_.erase(draft.place);
@@ -102,6 +107,8 @@ void DraftKeeper::keep(QDialog* dialog, const app::KeptRecord& record) {
 
 // What was taken back by hand until nothing is changed any more stays written until the dialog closes.
 DraftKeeper::Watched& DraftKeeper::watch(QDialog* dialog, std::size_t place) {
+    if (auto* source = dynamic_cast<DraftSource*>(dialog))
+        source->aboutToStore = [this] { keep(); };
     connect(dialog, &QDialog::finished, this, [this, dialog] { closed(dialog); });
     return watched_.emplace_back(Watched{.dialog = dialog, .place = place, .written = {}});
 }

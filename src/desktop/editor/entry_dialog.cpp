@@ -207,6 +207,8 @@ void EntryDialog::accept() {
         refuse(*refusal);
         return;
     }
+    if (aboutToStore)
+        aboutToStore();
     const bool isNew = stored_.id == store::RecordId::none;
     if (!saveRecord(workspace(), (isNew ? texts::undoAdd : texts::undoEdit).text, entry, stored_))
         return;

@@ -52,7 +52,11 @@ void ExpenseDialog::accept() {
         return;
     }
     ExpenseEntry typed = expense_;
-    if (!check(typed) || !saveRecord(workspace(), (isNew ? texts::undoAdd : texts::undoChange).text, typed, expense_))
+    if (!check(typed))
+        return;
+    if (aboutToStore)
+        aboutToStore();
+    if (!saveRecord(workspace(), (isNew ? texts::undoAdd : texts::undoChange).text, typed, expense_))
         return;
     expense_ = std::move(typed);
     QDialog::accept();
