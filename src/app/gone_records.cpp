@@ -2,6 +2,8 @@
 
 #include "app/copy_keeping.h"
 
+#include <system_error>
+
 namespace hourwright::app {
 
 namespace {
@@ -25,13 +27,18 @@ bool offer(platform::StoreCopies& copies, const platform::StoreCopy& copy, const
 
 } // namespace
 
-bool recordsAreGone(platform::StoreCopies& copies) {
-    return copies.present().records.text.empty() && (!copies.list().empty() || !copies.unreadable().empty());
+// What cannot be looked at is no reason to think so: opening it says why.
+bool recordsAreGone(platform::StoreCopies& copies, const std::filesystem::path& file) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(file, error);
+    const bool gone = error ? error == std::errc::no_such_file_or_directory : size == 0;
+    return gone && (!copies.list().empty() || !copies.unreadable().empty());
 }
 
-bool settleGoneRecords(platform::StoreCopies& copies, const platform::SystemTime& now, const platform::Locale& locale,
-                       platform::MessageBox& messages, const CopyWorkRunner& run) {
-    if (!recordsAreGone(copies))
+bool settleGoneRecords(platform::StoreCopies& copies, const std::filesystem::path& file,
+                       const platform::SystemTime& now, const platform::Locale& locale, platform::MessageBox& messages,
+                       const CopyWorkRunner& run) {
+    if (!recordsAreGone(copies, file))
         return true;
     if (const auto copy = newestSoundCopy(copies, run))
         return offer(copies, *copy, now, locale, messages, run);

@@ -104,10 +104,8 @@ void Session::openObjects() {
 
 // To make an empty store now would hide from the next start that the records are gone.
 bool Session::refuseGoneRecords() {
-    if (hasStore())
-        return false;
     const auto all = copies();
-    if (!app::recordsAreGone(*all))
+    if (!app::recordsAreGone(*all, directories().recordsFile()))
         return false;
     refuse(resources::StringId::recordsGone);
     hintAtCopies();

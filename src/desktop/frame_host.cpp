@@ -125,7 +125,7 @@ app::OpenedStores FrameHost::openStores() {
     copies_ = platform::openStoreCopies(platform::copyPlaces(directories_));
     const auto now = clock_.localTime();
     app::restoreWishedCopy(*copies_, *registry_, now, messages_, runCopyWork);
-    if (!app::settleGoneRecords(*copies_, now, *locales_.user, messages_, runCopyWork))
+    if (!app::settleGoneRecords(*copies_, directories_.recordsFile(), now, *locales_.user, messages_, runCopyWork))
         return {.declined = true};
     const platform::PlatformError error = openRecords();
     if (error == platform::PlatformError::fileCorrupt &&

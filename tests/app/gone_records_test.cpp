@@ -4,7 +4,9 @@
 #include "platform/icu/icu_locale.h"
 #include "support/named_copies.h"
 #include "support/recording_message_box.h"
+#include "support/temporary_directory.h"
 
+#include <fstream>
 #include <gtest/gtest.h>
 
 namespace hourwright::app {
@@ -30,23 +32,24 @@ class GoneRecordsTest : public testing::Test {
 protected:
     GoneRecordsTest() {
         copies_.all = {copyOfDay(14), copyOfDay(13)};
-        copies_.written.clear();
         copies_.outcome = RestoreOutcome::done;
     }
 
     [[nodiscard]] bool settle(const CopyWorkRunner& run = runAtOnce) {
-        return settleGoneRecords(copies_, now, *locale_, messages_, run);
+        return settleGoneRecords(copies_, file_, now, *locale_, messages_, run);
     }
 
+    test::TemporaryDirectory folder_;
+    std::filesystem::path file_ = folder_.path() / "hourwright.db";
     test::NamedCopies copies_;
     test::RecordingMessageBox messages_;
     std::unique_ptr<platform::Locale> locale_ = platform::makeIcuLocale("en_US");
 };
 
 TEST_F(GoneRecordsTest, NothingIsAskedWhileNothingIsMissing) {
-    copies_.written = "records";
+    std::ofstream(file_) << "no database any more, which opening it will tell";
     EXPECT_TRUE(settle());
-    copies_.written.clear();
+    std::filesystem::remove(file_);
     copies_.all.clear(); // the first start
     EXPECT_TRUE(settle());
     EXPECT_EQ(messages_.ids(), Ids{});
@@ -109,6 +112,13 @@ TEST_F(GoneRecordsTest, TheUserDecides) {
         EXPECT_EQ(messages_.ids(), test.shown);
     }
     EXPECT_EQ(withCopy(StringId::recordsGoneOffer, copies_.all.front(), *locale_).find(u"%s"), std::u16string::npos);
+}
+
+TEST_F(GoneRecordsTest, AnEmptyFileHoldsNoRecordsEither) {
+    std::ofstream(file_) << "";
+    messages_.script = {Answer::yes};
+    EXPECT_TRUE(settle());
+    EXPECT_EQ(copies_.restored, std::vector{newest});
 }
 
 TEST_F(GoneRecordsTest, CopiesWithoutADescriptionAreCopiesToo) {

@@ -50,6 +50,9 @@ TEST_F(StoreCopiesCommandTest, ADamagedStoreIsSaidSoWithTheWayOutOfIt) {
 
 // To make an empty store would hide that the records are gone.
 TEST_F(StoreCopiesCommandTest, RecordsThatAreGoneAreNotMadeAnewUnasked) {
+    fs::resize_file(records(), 0);
+    EXPECT_EQ(runner_.run({"client", "list"}).exitCode, 1);
+    EXPECT_EQ(fs::file_size(records()), 0U);
     fs::remove(records());
     const std::vector<std::vector<std::string>> commands{
         {"client", "list"}, {"client", "add", "Cold", "--yes"}, {"store", "check"}, {"store", "copy"}};
