@@ -1,6 +1,7 @@
 #include "desktop/period_bar.h"
 
 #include "app/period_title.h"
+#include "desktop/font_look.h"
 #include "desktop/icons.h"
 #include "desktop/screen_size.h"
 #include "platform/qt/qt_locale.h"
@@ -41,9 +42,9 @@ PeriodBar::PeriodBar(Workspace& workspace, CommandActions& actions, QWidget* par
     addCommand(previousPeriod, "go-previous", toQString(periods::previous));
     title_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     title_->setAutoRaise(true);
-    QFont bold = title_->font();
-    bold.setBold(true);
-    title_->setFont(bold);
+    QFont caption = title_->font();
+    takeLook(caption, app::captionFont(app::clearTypeOn(workspace.registry())));
+    title_->setFont(caption);
     connect(title_, &QToolButton::clicked, this, &PeriodBar::pickDate);
     addWidget(title_);
     addCommand(nextPeriod, "go-next", toQString(periods::next));

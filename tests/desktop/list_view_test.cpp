@@ -69,6 +69,20 @@ TEST_F(ListViewTest, TheMenuBelowTheRowsIsNotAboutTheSelection) {
     EXPECT_EQ(menus.count(), 3);
 }
 
+TEST_F(ListViewTest, TheFontFollowsTheSettings) {
+    settings().fontSize = 3;
+    settings().styleFlags.set(app::StyleFlag::boldList);
+    registry().create(u"Software\\Microsoft\\Shell")->writeDword(u"ClearType", 1);
+    const QFont font = show()->tree().font();
+    EXPECT_EQ(font.pointSizeF(), 10.0);
+    EXPECT_TRUE(font.bold());
+    EXPECT_EQ(font.styleStrategy(), QFont::PreferAntialias);
+    settings().styleFlags.set(app::StyleFlag::boldList, false);
+    registry().removeKey(u"Software\\Microsoft");
+    EXPECT_FALSE(show()->tree().font().bold());
+    EXPECT_EQ(show()->tree().font().styleStrategy(), QFont::PreferDefault);
+}
+
 TEST_F(ListViewTest, ColumnsAreKeptOverARestart) {
     entry(17, u"Client");
     {

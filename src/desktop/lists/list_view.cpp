@@ -1,5 +1,6 @@
 #include "desktop/lists/list_view.h"
 
+#include "desktop/font_look.h"
 #include "desktop/lists/list_columns.h"
 #include "desktop/lists/row_finder.h"
 #include "platform/qt/qt_text.h"
@@ -33,7 +34,7 @@ QFont fontOf(const app::FontDescription& description) {
         font.setStretch(QFont::SemiCondensed);
     }
     font.setPointSizeF(description.tenthsOfPoint / 10.0);
-    font.setBold(description.weight >= 700);
+    takeLook(font, description);
     return font;
 }
 
@@ -98,7 +99,7 @@ void ListView::setRows(std::unique_ptr<app::ListRows> rows) {
     finder_->cancel();
     finder_->forget();
     columns_->beginChange();
-    tree_->setFont(fontOf(workspace_.settings().createListFont(0, false)));
+    tree_->setFont(fontOf(workspace_.settings().createListFont(0, app::clearTypeOn(workspace_.registry()))));
     delegate_->forgetIcons();
     model_->setRows(std::move(rows), workspace_.view().records(),
                     workspace_.view().arrangedBy() == 0 && style_ != app::ListStyle::tree);
