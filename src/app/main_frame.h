@@ -70,8 +70,8 @@ public:
     /// The session or a signal ends the program: stores the settings and quits, without a question.
     void end();
 
-    /// Does what a command line says, this program's own or one handed over, as soon as nothing else is going on. False,
-    /// and it is not done, when too many wait already; none of those is lost.
+    /// Does what a command line says, this program's own or one handed over, as soon as nothing else is going on.
+    /// False, and it is not done, when too many wait already; none of those is lost.
     [[nodiscard]] bool use(const StartOptions& options);
 
     bool onIdle(unsigned count) override;
