@@ -376,8 +376,11 @@ TEST_F(StoreCopiesTest, LeftoversOfAKilledProgramGo) {
         fs::create_directory(places_.copies / name);
         overwrite(places_.copies / name / "hourwright.db", "half");
     }
+    for (const char* const name : {"hourwright.db.restoring", "settings.db.restoring"})
+        overwrite(home_ / name, "half");
     EXPECT_EQ(copies_->list().size(), 1U);
     make();
+    EXPECT_EQ(namesIn(home_.path()), (std::vector<std::string>{"hourwright.db", "settings.db", "state"}));
     EXPECT_EQ(namesIn(places_.copies), (std::vector<std::string>{"2026-11-16_09-05-07", "2026-11-16_09-05-07_2"}));
 }
 

@@ -44,8 +44,19 @@ RestoredCopy notRestored(RestoreOutcome outcome, PlatformError error) {
     return {.outcome = outcome, .error = error, .kept = {}};
 }
 
+// The copy of a copy that is to take the file's place.
+fs::path preparedFor(const fs::path& target) {
+    return fs::path(target).concat(".restoring");
+}
+
+// What a program left that was killed while it restored a copy; it held the folder of the copies as well.
+void clearPrepared(const fs::path& target) {
+    std::error_code ignored;
+    fs::remove(preparedFor(target), ignored);
+}
+
 RestoredCopy putInPlace(const fs::path& copy, CopyPart part, const fs::path& target, const SystemTime& now) {
-    const fs::path prepared = fs::path(target).concat(".restoring");
+    const fs::path prepared = preparedFor(target);
     RestoredCopy result = notRestored(RestoreOutcome::failed, fetchFromCopy(copy, part, prepared));
     if (result.error == PlatformError::fileCorrupt)
         result.outcome = RestoreOutcome::copyDamaged;
@@ -57,9 +68,8 @@ RestoredCopy putInPlace(const fs::path& copy, CopyPart part, const fs::path& tar
             result = notRestored(held.error() == PlatformError::locked ? RestoreOutcome::inUse : RestoreOutcome::failed,
                                  held.error());
     }
-    std::error_code ignored;
     if (result.outcome != RestoreOutcome::done)
-        fs::remove(prepared, ignored);
+        clearPrepared(target);
     return result;
 }
 
@@ -190,6 +200,8 @@ private:
     FileOutcome fill(StoreCopy& copy, const KeepGoing& keepGoing) {
         clear(unfinishedName);
         clear(removedName);
+        clearPrepared(places_.records);
+        clearPrepared(places_.settings);
         if (!hasRoom())
             return failed(PlatformError::diskFull, "There is not enough space left for a copy.");
         const fs::path folder = places_.copies / unfinishedName;
