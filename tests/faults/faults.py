@@ -64,6 +64,7 @@ def parse_options():
     parser.add_argument("--hwctl", required=True)
     parser.add_argument("--hourwright", required=True)
     parser.add_argument("--long", action="store_true", help="all cases instead of a choice of them")
+    parser.add_argument("--most", type=int, help="a bound to the cases that a class chooses, of the long form too")
     parser.add_argument("--only", choices=CLASSES, nargs="+")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--jobs", type=int, default=2, help="how many classes run at once")
@@ -73,7 +74,7 @@ def parse_options():
 def prepare(options, folder):
     """Copies the programs to where other users can reach them and no build replaces them, and plays the session."""
     folder.chmod(0o755)
-    shared = types.SimpleNamespace(long=options.long, seed=options.seed, folder=folder)
+    shared = types.SimpleNamespace(long=options.long, most=options.most, seed=options.seed, folder=folder)
     shared.hwctl = shutil.copy(options.hwctl, folder / "hwctl")
     shared.hourwright = shutil.copy(options.hourwright, folder / "hourwright")
     shared.steps = prepare_steps(shared.hwctl, folder / "small", 0)

@@ -13,6 +13,7 @@ class Run:
 
     def __init__(self, shared, name):
         self.long = shared.long
+        self.most = shared.most
         self.hwctl = shared.hwctl
         self.hourwright = shared.hourwright
         self.steps = shared.steps
@@ -24,6 +25,8 @@ class Run:
     def sample(self, cases, short, long=None):
         """An even choice of the cases: so many in the short form, and in the long one if it has a bound, else all."""
         cases, most = list(cases), long if self.long else short
+        if self.most is not None:
+            most = self.most if most is None else min(most, self.most)
         if most is None or len(cases) <= most:
             return cases
         return [cases[index * len(cases) // most] for index in range(most)]
