@@ -95,14 +95,18 @@ def run_class(shared, name):
 
 
 def tell_end(name, result, seconds):
-    print(f"{name}: done, {result.cases} cases, {len(result.failures)} failed, {seconds:.0f} s", flush=True)
+    print(f"{name}: done, {result.cases} cases, {len(result.failures)} failed, control {told(result)}, {seconds:.0f} s",
+          flush=True)
+
+
+def told(result):
+    return "found" if result.control else "MISSED"
 
 
 def print_table(results):
     print(f"\n{'class':<10}{'cases':>7}{'failed':>8}  {'control':<9}{'seconds':>8}")
     for name, (result, seconds) in results.items():
-        found = "found" if result.control else "MISSED"
-        print(f"{name:<10}{result.cases:>7}{len(result.failures):>8}  {found:<9}{seconds:>8.1f}  {result.note}")
+        print(f"{name:<10}{result.cases:>7}{len(result.failures):>8}  {told(result):<9}{seconds:>8.1f}  {result.note}")
     everything = [result for result, _ in results.values()]
     failed = sum(len(result.failures) for result in everything)
     print(f"{'all':<10}{sum(result.cases for result in everything):>7}{failed:>8}")
