@@ -24,7 +24,10 @@ bool MainFrame::create(const Rectangle& rectangle) {
     }
     if (settings_->version < upgradedVersion && opened.stores->holdRecords())
         upgrade(*opened.stores);
+    const bool clearType = clearTypeOn(registry_);
+    captionFont_ = app::captionFont(clearType);
     window_.loadFilters();
+    listFont_ = settings_->createListFont(0, clearType);
     window_.createViews(rectangle);
     window_.showToday();
     window_.comeForward();

@@ -63,6 +63,8 @@ public:
 
     /// Once it is being created:
     [[nodiscard]] AppSettings& settings() { return *settings_; }
+    [[nodiscard]] const FontDescription& captionFont() const { return captionFont_; }
+    [[nodiscard]] const FontDescription& listFont() const { return listFont_; }
 
     /// The user wants to close: asks when timers run and the settings want that. False: the window stays. Otherwise the
     /// frame is destroyed: settings are saved and the message loop ends.
@@ -87,6 +89,8 @@ private:
     platform::MessageBox& messages_;
     SettingsDevice device_;
     std::optional<AppSettings> settings_;
+    FontDescription captionFont_;
+    FontDescription listFont_;
     std::deque<StartOptions> waiting_;
 };
 

@@ -75,14 +75,21 @@ TEST_F(MainFrameTest, IsMadeStepByStep) {
     ASSERT_TRUE(create());
     EXPECT_EQ(window_.log, (Log{"soft keys", "open", "filters", "views 480", "today", "forward"}));
     EXPECT_TRUE(messages_.shown.empty());
+    EXPECT_EQ(frame_.captionFont().weight, 700);
+    EXPECT_EQ(frame_.captionFont().quality, FontQuality::standard);
+    EXPECT_EQ(frame_.listFont().tenthsOfPoint, 80);
 }
 
 TEST_F(MainFrameTest, FollowsTheSettings) {
     AppSettings settings = AppSettings::load(registry(), device_);
     settings.styleFlags.set(StyleFlag::softKeyMenus, false);
+    settings.fontSize = 3;
     ASSERT_TRUE(settings.save(registry()));
+    registry().create(u"Software\\Microsoft\\Shell")->writeDword(u"ClearType", 1);
     ASSERT_TRUE(create());
     EXPECT_EQ(window_.log.front(), "menu bar");
+    EXPECT_EQ(frame_.captionFont().quality, FontQuality::clearType);
+    EXPECT_EQ(frame_.listFont().tenthsOfPoint, 100);
 }
 
 TEST_F(MainFrameTest, IsNotMadeWithoutStores) {
