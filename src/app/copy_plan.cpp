@@ -1,7 +1,7 @@
 #include "app/copy_plan.h"
 
 #include <algorithm>
-#include <optional>
+#include <limits>
 
 namespace hourwright::app {
 
@@ -12,6 +12,7 @@ using platform::SystemTime;
 
 constexpr std::uint64_t daysPerWeek = 7;
 constexpr std::uint64_t monthsPerYear = 12;
+constexpr std::uint64_t noPeriod = std::numeric_limits<std::uint64_t>::max();
 
 // Numbers of days, weeks and months. Instants count from a Monday, so whole weeks are those from Monday.
 std::uint64_t dayOf(const SystemTime& time) {
@@ -43,7 +44,7 @@ public:
 private:
     std::uint64_t (*periodOf_)(const SystemTime&);
     unsigned left_;
-    std::optional<std::uint64_t> last_;
+    std::uint64_t last_ = noPeriod;
 };
 
 } // namespace
