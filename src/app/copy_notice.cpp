@@ -62,12 +62,12 @@ bool offerAfterDamage(const StoreCopy& copy, platform::Registry& registry, const
 } // namespace
 
 bool tellOfWishedCopy(const platform::MadeCopy& made, platform::StoreCopies& copies, platform::Registry& registry,
-                      const platform::Locale& locale, platform::MessageBox& messages) {
+                      const platform::Locale& locale, platform::MessageBox& messages, const CopyWorkRunner& run) {
     if (made.outcome == CopyOutcome::done || made.outcome == CopyOutcome::cancelled)
         return false;
-    const auto all = copies.list();
-    if (made.outcome == CopyOutcome::sourceDamaged && !all.empty())
-        return offerAfterDamage(all.front(), registry, locale, messages);
+    if (made.outcome == CopyOutcome::sourceDamaged)
+        if (const auto sound = newestSoundCopy(copies, run))
+            return offerAfterDamage(*sound, registry, locale, messages);
     std::u16string text(resources::string(StringId::copyNotMade));
     if (!made.reason.empty())
         text += u"\n\n" + platform::toUtf16(made.reason);
@@ -93,20 +93,18 @@ void forgetWishedCopy(platform::Registry& registry) {
 }
 
 bool tellOfCopy(const std::optional<platform::MadeCopy>& made, platform::StoreCopies& copies,
-                platform::Registry& registry, const platform::Locale& locale, platform::MessageBox& messages) {
+                platform::Registry& registry, const platform::Locale& locale, platform::MessageBox& messages,
+                const CopyWorkRunner& run) {
     if (!made)
         return false;
     if (made->outcome == CopyOutcome::done)
         forgetTold(registry);
     if (made->outcome == CopyOutcome::failed && mayTell(registry, toldFailure))
         tellFailure(copies, messages);
-    if (made->outcome != CopyOutcome::sourceDamaged)
+    if (made->outcome != CopyOutcome::sourceDamaged || !mayTell(registry, toldDamage))
         return false;
-    const auto all = copies.list();
-    if (!mayTell(registry, toldDamage))
-        return false;
-    if (!all.empty())
-        return offerAfterDamage(all.front(), registry, locale, messages);
+    if (const auto sound = newestSoundCopy(copies, run))
+        return offerAfterDamage(*sound, registry, locale, messages);
     tellFailure(copies, messages);
     return false;
 }

@@ -98,6 +98,28 @@ TEST_F(DailyCopyTest, DamageIsFoundAndTheNextStartGoesBackWhenTheUserWants) {
     EXPECT_TRUE(objects().check([](std::string_view finding) { ADD_FAILURE() << finding; }));
 }
 
+TEST_F(DailyCopyTest, AfterDamageTheNewestSoundCopyIsOffered) {
+    const auto nextDay = [this](std::uint16_t day) {
+        clock().set({.year = 2026, .month = 11, .day = day, .hour = 8});
+        add(store::TimeEntry{});
+    };
+    look();
+    nextDay(17);
+    look();
+    ASSERT_EQ(copies().size(), 2U);
+    std::ofstream(places().copies / copies().front().name / "SHA256SUMS") << "cut off";
+    nextDay(18);
+    damageTask();
+    messages().script = {Answer::yes};
+    EXPECT_TRUE(look());
+    const auto all = platform::openStoreCopies(places());
+    app::restoreWishedCopy(*all, registry(), clock().localTime(), messages());
+    EXPECT_EQ(messages().ids(),
+              (std::vector{StringId::recordsDamaged, StringId::restoreAtNextStart, StringId::copyRestored}));
+    reopen();
+    EXPECT_EQ(entries().size(), 1U);
+}
+
 TEST_F(DailyCopyTest, TheEndDoesNotWaitForIt) {
     {
         DailyCopy daily(workspace(), platform::openStoreCopies(places()));

@@ -140,7 +140,8 @@ void CopiesDialog::makeNow() {
         rows_.note(made.copy, CopyHealth::sound);
     list_->setCurrentItem(nullptr);
     reload();
-    if (app::tellOfWishedCopy(made, *copies_, workspace().registry(), workspace().locale(), workspace().messages()))
+    if (app::tellOfWishedCopy(made, *copies_, workspace().registry(), workspace().locale(), workspace().messages(),
+                              runCopyWork))
         restart();
 }
 

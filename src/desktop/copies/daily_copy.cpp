@@ -2,6 +2,7 @@
 
 #include "app/copy_keeping.h"
 #include "app/copy_notice.h"
+#include "desktop/copies/copy_work.h"
 
 #include <chrono>
 
@@ -44,10 +45,11 @@ void DailyCopy::look() {
     });
 }
 
+// Joined in the end only: as long as the user is being told, no other copy is begun.
 void DailyCopy::finish(const std::optional<platform::MadeCopy>& made) {
-    worker_.join();
     const bool restart =
-        app::tellOfCopy(made, *copies_, workspace_.registry(), workspace_.locale(), workspace_.messages());
+        app::tellOfCopy(made, *copies_, workspace_.registry(), workspace_.locale(), workspace_.messages(), runCopyWork);
+    worker_.join();
     emit ended();
     if (restart)
         emit restartWanted();
