@@ -13,6 +13,7 @@
 #include "resources/texts/periods.h"
 
 #include <QCloseEvent>
+#include <QDialog>
 #include <QLabel>
 #include <QMenu>
 #include <QStackedWidget>
@@ -39,7 +40,11 @@ MainWindow::MainWindow(Workspace& workspace) : workspace_(workspace) {
     showView();
 }
 
-MainWindow::~MainWindow() = default;
+// A dialog that is open still would lose the focus while it is being destroyed, and call members that are gone.
+MainWindow::~MainWindow() {
+    for (QDialog* const dialog : findChildren<QDialog*>())
+        dialog->hide();
+}
 
 void MainWindow::buildBody() {
     periodBar_ = new PeriodBar(workspace_, *actions_, this);
