@@ -46,8 +46,9 @@ public:
         command(Command::undo);
         thereAndBack("mark_billed", [this] { answer(Command::markBilledEntries, {}); });
         thereAndBack("delete", [this] { answer(Command::deleteByCriteria, {Answer::ok}); });
-        command(Command::selectAll);
-        thereAndBack("delete_selected", [this] { answer(Command::deleteSelected, {Answer::yes}); });
+        thereAndBack(
+            "delete_selected", [this] { answer(Command::deleteSelected, {Answer::yes}); },
+            [this] { command(Command::selectAll); });
         thereAndBack("replace_text", [this] { replace(); });
         home_.workspace().view().arrangeBy(1);
         window_.showView();
@@ -66,8 +67,14 @@ public:
 
 private:
     // A change, which is taken back before the next run.
-    void thereAndBack(const std::string& name, const std::function<void()>& change) {
-        measure(name, change, [this] { command(Command::undo); });
+    void thereAndBack(
+        const std::string& name, const std::function<void()>& change, const std::function<void()>& prepare = [] {}) {
+        prepare();
+        measure(name, change, [&] {
+            command(Command::undo);
+            settle();
+            prepare();
+        });
         command(Command::undo);
     }
 
