@@ -2,6 +2,7 @@
 
 #include "app/copy_plan.h"
 #include "platform/utf.h"
+#include "resources/filled.h"
 #include "resources/texts/copies.h"
 
 #include <algorithm>
@@ -18,13 +19,6 @@ using resources::StringId;
 namespace texts = resources::copies;
 
 namespace {
-
-// Replaces the first "%s".
-void fill(std::u16string& text, std::u16string_view value) {
-    constexpr std::u16string_view place = u"%s";
-    if (const auto at = text.find(place); at != std::u16string::npos)
-        text.replace(at, place.size(), value);
-}
 
 StringId messageOf(RestoreOutcome outcome) {
     switch (outcome) {
@@ -144,10 +138,9 @@ std::optional<StoreCopy> newestSoundCopy(StoreCopies& copies, const CopyWorkRunn
 }
 
 std::u16string withCopy(StringId id, const StoreCopy& copy, const platform::Locale& locale) {
-    std::u16string text(resources::string(id));
-    fill(text, locale.shortDate(copy.time) + u' ' + locale.timeWithoutSeconds(copy.time));
-    fill(text, locale.number(platform::toUtf16(std::to_string(copy.records))));
-    return text;
+    return resources::filled(resources::string(id),
+                             {locale.shortDate(copy.time) + u' ' + locale.timeWithoutSeconds(copy.time),
+                              locale.number(platform::toUtf16(std::to_string(copy.records)))});
 }
 
 bool askToRestore(platform::MessageBox& messages, StringId question, const StoreCopy& copy,
@@ -171,9 +164,10 @@ platform::RestoredCopy restoreCopy(platform::StoreCopies& copies, const StoreCop
 }
 
 void showRestored(platform::MessageBox& messages, const platform::RestoredCopy& restored) {
-    std::u16string text(resources::string(StringId::copyRestored));
-    fill(text, platform::toUtf16(restored.kept.string()));
-    messages.show({.id = StringId::copyRestored, .text = std::move(text), .icon = platform::Icon::information});
+    messages.show({.id = StringId::copyRestored,
+                   .text = resources::filled(resources::string(StringId::copyRestored),
+                                             {platform::toUtf16(restored.kept.string())}),
+                   .icon = platform::Icon::information});
 }
 
 bool offerCopy(platform::StoreCopies& copies, const platform::SystemTime& now, const platform::Locale& locale,

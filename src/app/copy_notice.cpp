@@ -2,6 +2,7 @@
 
 #include "app/copy_keeping.h"
 #include "platform/utf.h"
+#include "resources/filled.h"
 #include "resources/texts/copies.h"
 
 #include <algorithm>
@@ -36,10 +37,9 @@ void forgetTold(platform::Registry& registry) {
 }
 
 void tellFailure(const platform::StoreCopies& copies, platform::MessageBox& messages) {
-    std::u16string text(resources::string(StringId::automaticCopyFailed));
-    if (const auto place = text.find(u"%s"); place != std::u16string::npos)
-        text.replace(place, 2, platform::toUtf16(copies.folder().string()));
-    messages.show({.id = StringId::automaticCopyFailed, .text = std::move(text)});
+    messages.show({.id = StringId::automaticCopyFailed,
+                   .text = resources::filled(resources::string(StringId::automaticCopyFailed),
+                                             {platform::toUtf16(copies.folder().string())})});
 }
 
 bool keepWish(const StoreCopy& copy, platform::Registry& registry, platform::MessageBox& messages) {

@@ -1,5 +1,6 @@
 #include "app/filter_description.h"
 
+#include "resources/filled.h"
 #include "resources/strings.h"
 #include "resources/texts/filters.h"
 
@@ -71,8 +72,7 @@ std::u16string statusWords(const ViewFilter& filter) {
     std::u16string names;
     for (const EntryStatus status : shown)
         (names += names.empty() ? u"" : u" + ") += statusName(status);
-    std::u16string result(words::statusOnly.text);
-    return result.replace(result.find(u"%s"), 2, names);
+    return resources::filled(words::statusOnly.text, {names});
 }
 
 std::u16string rangeWords(const ViewFilter& filter, const platform::Locale& locale) {

@@ -1,6 +1,7 @@
 #include "app/period_title.h"
 
 #include "platform/number_text.h"
+#include "resources/filled.h"
 #include "resources/texts/periods.h"
 
 namespace hourwright::app {
@@ -12,18 +13,6 @@ std::u16string dateOf(platform::FileTime instant, const platform::Locale& locale
     return date ? locale.shortDate(*date) : std::u16string();
 }
 
-// Fills the places "%s" of a text one after the other.
-std::u16string filled(std::u16string_view text, std::initializer_list<std::u16string> values) {
-    std::u16string result(text);
-    std::size_t from = 0;
-    for (const std::u16string& value : values)
-        if (const auto place = result.find(u"%s", from); place != std::u16string::npos) {
-            result.replace(place, 2, value);
-            from = place + value.size();
-        }
-    return result;
-}
-
 std::u16string weekTitle(const Period& period, const platform::Locale& locale, bool withWeekNumber) {
     std::u16string title = std::u16string(resources::periods::weekOf.text) + dateOf(period.start(), locale);
     if (withWeekNumber) {
@@ -31,7 +20,7 @@ std::u16string weekTitle(const Period& period, const platform::Locale& locale, b
         std::u16string week;
         platform::appendInteger(
             week, weekNumber(first, first.dayOfWeek == 0 ? platform::WeekStart::sunday : platform::WeekStart::monday));
-        title += filled(resources::periods::weekNumber.text, {week});
+        title += resources::filled(resources::periods::weekNumber.text, {week});
     }
     return title;
 }
@@ -57,7 +46,8 @@ std::u16string periodTitle(const Period& period, const platform::Locale& locale,
     case PeriodKind::week: return weekTitle(period, locale, withWeekNumber);
     case PeriodKind::month: return monthName;
     case PeriodKind::custom:
-        return filled(resources::periods::fromTo.text, {dateOf(period.start(), locale), dateOf(period.end(), locale)});
+        return resources::filled(resources::periods::fromTo.text,
+                                 {dateOf(period.start(), locale), dateOf(period.end(), locale)});
     }
     return {};
 }

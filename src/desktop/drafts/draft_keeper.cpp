@@ -2,6 +2,7 @@
 
 #include "app/drafts/stored_draft.h"
 #include "desktop/drafts/draft_source.h"
+#include "resources/filled.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -18,22 +19,17 @@ using resources::StringId;
 constexpr std::chrono::seconds betweenLooks{10};
 constexpr std::chrono::milliseconds untilAnotherTry{300};
 
-// Replaces the first "%s".
-void fill(std::u16string& text, std::u16string_view value) {
-    if (const auto at = text.find(u"%s"); at != std::u16string::npos)
-        text.replace(at, 2, value);
-}
-
 Answer askAbout(Workspace& workspace, const app::KeptDraft& draft) {
     const auto written = platform::toSystemTime(draft.written).value_or(platform::SystemTime{});
-    std::u16string text(resources::string(StringId::draftOffer));
-    fill(text, workspace.locale().shortDate(written) + u' ' + workspace.locale().timeWithoutSeconds(written));
-    fill(text, app::describe(draft.record, workspace.locale()));
-    return workspace.messages().show({.id = StringId::draftOffer,
-                                      .text = std::move(text),
-                                      .icon = platform::Icon::question,
-                                      .buttons = platform::Buttons::yesNoCancel,
-                                      .defaultAnswer = Answer::yes});
+    const std::u16string when =
+        workspace.locale().shortDate(written) + u' ' + workspace.locale().timeWithoutSeconds(written);
+    return workspace.messages().show(
+        {.id = StringId::draftOffer,
+         .text = resources::filled(resources::string(StringId::draftOffer),
+                                   {when, app::describe(draft.record, workspace.locale())}),
+         .icon = platform::Icon::question,
+         .buttons = platform::Buttons::yesNoCancel,
+         .defaultAnswer = Answer::yes});
 }
 
 } // namespace
